@@ -1,0 +1,12 @@
+#ifndef KTXSAMPLE_H
+#define KTXSAMPLE_H
+
+#include <orvet/orvet.h>
+
+// The commands of the sample tool, each in a source of its own. A command prints for the operator, and gives
+// the tool's exit value: 0 when all went well, 1 when the work could not be done.
+
+/// "-cmd domains -file RESULT": the domains of a scan result file, with their targets.
+int show_domains(const orvet::input_parms & ip);
+
+#endif

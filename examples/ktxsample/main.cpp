@@ -1,0 +1,45 @@
+// ktxsample, a complete tool on liborvet: it reads its command line, brings up its channels and does what the
+// operator asked for with "-cmd".
+
+#include "ktxsample.h"
+
+#include <cstdio>
+
+namespace {
+
+struct command {
+    const char * name;
+    int (*run)(const orvet::input_parms & ip);
+    const char * purpose;
+};
+
+constexpr command commands[] = {
+    {"domains", show_domains, "show the domains and targets of the scan result file named by -file"},
+};
+
+// The kind of tool this is: "-cmd" and "-ini" are mandatory.
+constexpr const orvet::option_profile & profile = orvet::ip_profiles[18];
+
+constexpr int wrong_call = 2;
+
+int explain()
+{
+    std::printf("usage: ktxsample -cmd COMMAND -ini FILE [options]\n");
+    for (const command & each : commands)
+        std::printf("  %-10s %s\n", each.name, each.purpose);
+    return wrong_call;
+}
+
+} // namespace
+
+int main(int argc, char ** argv)
+{
+    orvet::input_parms ip;
+    if (ip.get_ips(argc, argv) != 0 || !ip.validate(profile.mandatory, profile.allowed))
+        return explain();
+    orvet::setloglevel(ip);
+    for (const command & each : commands)
+        if (ip.ip_cmd() == each.name)
+            return each.run(ip);
+    return explain();
+}

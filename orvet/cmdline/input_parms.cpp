@@ -1,0 +1,427 @@
+#include "orvet/cmdline/input_parms.h"
+
+#include <cctype>
+#include <cstring>
+
+#include "orvet/foundation/base/number.h"
+#include "orvet/foundation/call_trace.h"
+#include "orvet/foundation/environment.h"
+#include "orvet/foundation/messages.h"
+
+namespace orvet {
+
+namespace {
+
+constexpr int option_count = 30;
+
+enum : short {
+    taken = 0,
+    unknown_option = 1,
+    value_missing = 15,
+    bad_op_sys = 16,
+    bad_obj_type = 17,
+};
+
+/// What a keyword option accepts, and what becomes of any other value.
+struct keyword_rule {
+    const char * const * words;
+    void (*complain)(const char * value);
+    const char * otherwise;
+};
+
+constexpr const char * op_sys_words[] = {"UVX", "WINDOWS_NT", nullptr};
+constexpr const char * obj_type_words[] = {"PROC", "PLAN", "SOFTW", nullptr};
+constexpr const char * ret_val_words[] = {"ok", "err", nullptr};
+constexpr const char * type_words[] = {"GEN",       "ZR7CID", "WINCID",   "BRD2",
+                                       "PROCEDURE", "PLAN",   "UVXINSTP", nullptr};
+
+constexpr keyword_rule op_sys_rule{
+    op_sys_words, [](const char * value) { console_message(messages::MSGI0006_osys, value); }, ""};
+constexpr keyword_rule obj_type_rule{
+    obj_type_words, [](const char * value) { console_message(messages::MSGI0006_tobj, value); }, ""};
+constexpr keyword_rule ret_val_rule{ret_val_words, [](const char *) { console_message(messages::MSGI0010); },
+                                    "err"};
+constexpr keyword_rule type_rule{type_words, [](const char *) { console_message(messages::MSGI0011); },
+                                 "err"};
+
+// A setter's kind is the type of its field.
+
+void store(int & field, const char * value)
+{
+    field = to_int(value ? value : "");
+}
+
+void store(ustring & field, const char * value)
+{
+    field = ustring(value);
+}
+
+void store(pathname & field, const char * value)
+{
+    field = pathname(value);
+}
+
+void store(ustring & field, const char * value, const keyword_rule & rule)
+{
+    store(field, value);
+    for (const char * const * word = rule.words; *word; ++word)
+        if (field == *word)
+            return;
+    rule.complain(value);
+    field = rule.otherwise;
+}
+
+bool holds(const char * const * list, const char * name)
+{
+    while (*list && std::strcmp(*list, name) != 0)
+        ++list;
+    return *list != nullptr;
+}
+
+/// The position of `name` in the option table; that of the null entry when it is not there.
+int index_of(const char * name)
+{
+    int i = 0;
+    while (ip_names[i] && (!name || std::strcmp(ip_names[i], name) != 0))
+        ++i;
+    return i;
+}
+
+/// What `get_ips` does with an option: one of the two setters, and the code when it leaves an empty field.
+struct option_action {
+    void (input_parms::*take_value)(const char *);
+    void (input_parms::*take_flag)() = nullptr;
+    short (*check)(const input_parms &) = nullptr;
+};
+
+short check_op_sys(const input_parms &)
+{
+    return input_parms::ip_op_sys().length() == 0 ? bad_op_sys : taken;
+}
+
+short check_obj_type(const input_parms & ip)
+{
+    return ip.ip_obj_type().length() == 0 ? bad_obj_type : taken;
+}
+
+/// One row for each of `ip_names`, in the same order.
+constexpr option_action actions[option_count] = {
+    {&input_parms::set_ip_log_level},
+    {&input_parms::set_ip_trace_level},
+    {&input_parms::set_ip_op_sys, nullptr, check_op_sys},
+    {&input_parms::set_ip_file_name},
+    {&input_parms::set_ip_base_cmd},
+    {&input_parms::set_ip_obj_type, nullptr, check_obj_type},
+    {nullptr, &input_parms::set_ip_uvxinstp},
+    {&input_parms::set_ip_trg_name},
+    {&input_parms::set_ip_top_root},
+    {nullptr, &input_parms::set_ip_force},
+    {&input_parms::set_ip_cmd},
+    {&input_parms::set_ip_key},
+    {nullptr, &input_parms::set_ip_h_global},
+    {nullptr, &input_parms::set_ip_t_global},
+    {&input_parms::set_ip_usr_name},
+    {&input_parms::set_ip_prf_name},
+    {&input_parms::set_ip_grp_name},
+    {&input_parms::set_ip_tool_name},
+    {&input_parms::set_ip_obj_file_name},
+    {&input_parms::set_ip_input_file},
+    {&input_parms::set_ip_srv_name},
+    {&input_parms::set_ip_input_dir},
+    {&input_parms::set_ip_pro_name},
+    {&input_parms::set_ip_gfn_name},
+    {&input_parms::set_ip_resgf_name},
+    {&input_parms::set_ip_ret_val},
+    {&input_parms::set_ip_type},
+    {&input_parms::set_ip_tokens_file},
+    {&input_parms::set_ip_out_dir},
+    {&input_parms::set_ip_vxa_images},
+};
+
+/// The option whose name `word` begins with, or that of the null entry. No name is the beginning of another.
+int option_of(const char * word)
+{
+    int i = 0;
+    while (ip_names[i] && std::strncmp(word, ip_names[i], std::strlen(ip_names[i])) != 0)
+        ++i;
+    return i;
+}
+
+void lower_in_place(char * word)
+{
+    for (; *word; ++word)
+        *word = static_cast<char>(std::tolower(static_cast<unsigned char>(*word)));
+}
+
+} // namespace
+
+input_parms::input_parms()
+    : ip_log_level_(environment::log_level()), ip_trace_level_(environment::trace_level())
+{
+}
+
+short input_parms::get_ips(int argc, char ** argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        char * const word = argv[i];
+        lower_in_place(word);
+        const int option = option_of(word);
+        if (!ip_names[option]) {
+            console_message(messages::MSGI0004, word);
+            return unknown_option;
+        }
+        const option_action & action = actions[option];
+        if (action.take_flag) {
+            (this->*action.take_flag)();
+            continue;
+        }
+        if (i == argc - 1) {
+            console_message(messages::MSGI0005, word);
+            return value_missing;
+        }
+        (this->*action.take_value)(argv[++i]);
+        const short code = action.check ? action.check(*this) : short{taken};
+        if (code != taken)
+            return code;
+    }
+    return taken;
+}
+
+int input_parms::validate(const char * const * mandatory, const char * const * allowed) const
+{
+    for (const char * const * name = mandatory; *name; ++name) {
+        const int option = index_of(*name);
+        if (ip_names[option] && !ip_flags_[option]) {
+            console_message(messages::MSGI0007, *name);
+            return 0;
+        }
+    }
+    for (int i = 0; i < option_count; ++i)
+        if (ip_flags_[i] && !holds(mandatory, ip_names[i]) && !holds(allowed, ip_names[i]))
+            console_message(messages::MSGI0008, ip_names[i]);
+    return 1;
+}
+
+void input_parms::set_ip(const char * name)
+{
+    const int option = index_of(name);
+    if (ip_names[option])
+        ip_flags_[option] = 1;
+}
+
+int input_parms::ip(const char * name) const
+{
+    return ip_flags_[index_of(name)];
+}
+
+pathname & input_parms::ip_file_name()
+{
+    static pathname value;
+    return value;
+}
+
+ustring & input_parms::ip_base_cmd()
+{
+    static ustring value;
+    return value;
+}
+
+ustring & input_parms::ip_op_sys()
+{
+    static ustring value("UVX");
+    return value;
+}
+
+int & input_parms::ip_h_global()
+{
+    static int value = 1;
+    return value;
+}
+
+int & input_parms::ip_t_global()
+{
+    static int value = 0;
+    return value;
+}
+
+void input_parms::set_ip_log_level(const char * value)
+{
+    store(ip_log_level_, value);
+    set_ip("-log");
+}
+
+void input_parms::set_ip_trace_level(const char * value)
+{
+    store(ip_trace_level_, value);
+    set_ip("-trc");
+}
+
+void input_parms::set_ip_op_sys(const char * value)
+{
+    set_ip("-osys");
+    store(ip_op_sys(), value, op_sys_rule);
+}
+
+void input_parms::set_ip_file_name(const char * value)
+{
+    store(ip_file_name(), value);
+    set_ip("-ini");
+}
+
+void input_parms::set_ip_base_cmd(const char * value)
+{
+    store(ip_base_cmd(), value);
+    set_ip("-rcmd");
+}
+
+void input_parms::set_ip_obj_type(const char * value)
+{
+    set_ip("-tobj");
+    store(ip_obj_type_, value, obj_type_rule);
+}
+
+void input_parms::set_ip_uvxinstp()
+{
+    ip_uvxinstp_ = 1;
+    set_ip("-uvxp");
+}
+
+void input_parms::set_ip_trg_name(const char * value)
+{
+    store(ip_trg_name_, value);
+    set_ip("-trg");
+}
+
+void input_parms::set_ip_top_root(const char * value)
+{
+    store(ip_top_root_, value);
+    set_ip("-top");
+}
+
+void input_parms::set_ip_force()
+{
+    ip_force_ = 1;
+    set_ip("-force");
+}
+
+void input_parms::set_ip_cmd(const char * value)
+{
+    store(ip_cmd_, value);
+    set_ip("-cmd");
+}
+
+void input_parms::set_ip_key(const char * value)
+{
+    store(ip_key_, value);
+    set_ip("-key");
+}
+
+void input_parms::set_ip_h_global()
+{
+    ip_h_global() = 1;
+    set_ip("-gh");
+}
+
+void input_parms::set_ip_t_global()
+{
+    ip_t_global() = 1;
+    set_ip("-gt");
+}
+
+void input_parms::set_ip_usr_name(const char * value)
+{
+    store(ip_usr_name_, value);
+    set_ip("-usr");
+}
+
+void input_parms::set_ip_prf_name(const char * value)
+{
+    store(ip_prf_name_, value);
+    set_ip("-prf");
+}
+
+void input_parms::set_ip_grp_name(const char * value)
+{
+    store(ip_grp_name_, value);
+    set_ip("-gp");
+}
+
+void input_parms::set_ip_tool_name(const char * value)
+{
+    store(ip_tool_name_, value);
+    set_ip("-tool");
+}
+
+void input_parms::set_ip_obj_file_name(const char * value)
+{
+    store(ip_obj_file_name_, value);
+    set_ip("-obj");
+}
+
+void input_parms::set_ip_input_file(const char * value)
+{
+    store(ip_input_file_, value);
+    set_ip("-file");
+}
+
+void input_parms::set_ip_srv_name(const char * value)
+{
+    store(ip_srv_name_, value);
+    set_ip("-srv");
+}
+
+void input_parms::set_ip_input_dir(const char * value)
+{
+    store(ip_input_dir_, value);
+    set_ip("-dir");
+}
+
+void input_parms::set_ip_pro_name(const char * value)
+{
+    store(ip_pro_name_, value);
+    set_ip("-pro");
+}
+
+void input_parms::set_ip_gfn_name(const char * value)
+{
+    store(ip_gfn_name_, value);
+    set_ip("-gfn");
+}
+
+void input_parms::set_ip_resgf_name(const char * value)
+{
+    store(ip_resgf_name_, value);
+    set_ip("-resgf");
+}
+
+void input_parms::set_ip_ret_val(const char * value)
+{
+    set_ip("-ret");
+    store(ip_ret_val_, value, ret_val_rule);
+}
+
+void input_parms::set_ip_type(const char * value)
+{
+    set_ip("-type");
+    store(ip_type_, value, type_rule);
+}
+
+void input_parms::set_ip_tokens_file(const char * value)
+{
+    store(ip_tokens_file_, value);
+    set_ip("-ftok");
+}
+
+void input_parms::set_ip_out_dir(const char * value)
+{
+    store(ip_out_dir_, value);
+    set_ip("-odir");
+}
+
+void input_parms::set_ip_vxa_images(const char * value)
+{
+    store(ip_vxa_images_, value);
+    set_ip("-vxai");
+}
+
+} // namespace orvet

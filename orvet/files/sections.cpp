@@ -1,0 +1,100 @@
+#include "orvet/files/sections.h"
+
+#include "orvet/files/kt_file.h"
+#include "orvet/foundation/base/memory.h"
+#include "orvet/foundation/base/number.h"
+#include "orvet/foundation/call_trace.h"
+#include "orvet/foundation/codes.h"
+
+namespace orvet {
+
+int keyval::getval(const ustring & key)
+{
+    const unsigned length = key.length();
+    const int difference = compare(0, length, key, 0, length, 1);
+    if (difference == 0) {
+        remove(0, length);
+        strip(strip_front, u' ');
+    }
+    return difference;
+}
+
+short get_count(const ustring & line, int * count)
+{
+    memory_watch watch;
+    keyval rest(line);
+    if (rest.getval("count = ") != 0 || watch.failed())
+        return code::no_count;
+    *count = to_int(rest.mbcs_str());
+    return code::success;
+}
+
+ustring get_token(const ustring & text, int index)
+{
+    unsigned begin = 0;
+    for (; index > 0 && begin < text.length(); --index) {
+        const unsigned comma = text.find(u',', begin, 0);
+        begin = comma == ustring::npos ? text.length() : comma + 1;
+    }
+    const unsigned end = text.find(u',', begin, 0);
+    return ustring(text, begin, end == ustring::npos ? end : end - begin);
+}
+
+ustring build_server_rr(const ustring & name)
+{
+    ustring server(name);
+    if (name.length() != 0)
+        server.append("_").append(name);
+    return server;
+}
+
+short kt_file::find_section(const ustring & section)
+{
+    const call_trace trace("kt_file::find_section");
+    ustring line;
+    while (get_line(line))
+        if (line == section)
+            return trace.leave(code::success);
+    trace.info("Section not found reading kt_file while locating <%s>", section);
+    return trace.fail(code::section_absent);
+}
+
+short kt_file::seek_section(const ustring & section, int * count, int read_count)
+{
+    const call_trace trace("kt_file::seek_section");
+    ustring line;
+    do {
+        if (!get_line(line)) {
+            trace.error("Error reading kt_file while locating <%s>", section);
+            return trace.fail(code::section_missing);
+        }
+    } while (line != section);
+    if (read_count == 0)
+        return trace.leave(code::success);
+    ustring key;
+    ustring value;
+    if (const short rc = get_keyval(key, value)) {
+        trace.error("Error %d parsing line", rc);
+        return trace.fail(rc);
+    }
+    *count = to_int(value.mbcs_str());
+    trace.info("Section <%s> found. Count = <%d> ", section, *count);
+    return trace.leave(code::success);
+}
+
+short kt_file::get_keyval(ustring & key, ustring & value)
+{
+    memory_watch watch;
+    ustring line;
+    if (!get_line(line))
+        return watch.failed() ? code::no_keyval : code::success;
+    constexpr char16_t separator[] = u" = ";
+    const unsigned at = line.find(separator, 0, 3, 0);
+    if (at == ustring::npos)
+        return code::no_keyval;
+    key.assign(line, 0, at);
+    value.assign(line, at + 3, ustring::npos);
+    return watch.failed() ? code::no_keyval : code::success;
+}
+
+} // namespace orvet

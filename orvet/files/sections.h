@@ -1,0 +1,32 @@
+#ifndef ORVET_FILES_SECTIONS_H
+#define ORVET_FILES_SECTIONS_H
+
+#include "orvet/foundation/base/ustring.h"
+
+namespace orvet {
+
+/// A text that may begin with a key.
+class ORVET_API keyval : public ustring {
+public:
+    using ustring::ustring;
+    keyval() = default;
+    explicit keyval(const ustring & text) : ustring(text) {}
+
+    /// When the text begins with `key`, in any case: takes it off, with the blanks behind it, and gives 0.
+    /// Else gives another value and leaves the text as it was.
+    int getval(const ustring & key);
+};
+
+/// Reads a line of the form "count = <value>", the key in any case, into `*count`. 259 when it is none, with
+/// `*count` as it was; a value that is no number counts as 0.
+ORVET_API short get_count(const ustring & line, int * count);
+
+/// Token `index`, from 0, of a comma-separated text, neither stripped nor tested; empty behind the last one.
+ORVET_API ustring get_token(const ustring & text, int index);
+
+/// The server form of a name: the name, "_" and the name again; empty for an empty name.
+ORVET_API ustring build_server_rr(const ustring & name);
+
+} // namespace orvet
+
+#endif

@@ -1,0 +1,50 @@
+#ifndef ORVET_FILES_TOPOLOGY_H
+#define ORVET_FILES_TOPOLOGY_H
+
+#include "orvet/foundation/base/pathname.h"
+#include "orvet/foundation/base/vector.h"
+#include "orvet/foundation/ktobject.h"
+
+namespace orvet {
+
+/// The place of one section in a scan result file.
+class ORVET_API sof_entry : public ktobject {
+public:
+    enum sectype {
+        target_sect = 0, ///< a domain's targets; the only kind that the library makes
+    };
+
+    sof_entry(const ustring & name, sectype type) : sect_name(name), sect_type(type) {}
+    codable * clone() override;
+
+    ustring sect_name;    ///< the section's head, brackets included
+    ustring sect_aux;     ///< a second text, for the tools
+    int sect_count = 0;   ///< entries in the section; 0 until `load_offsets` has run
+    long sect_offset = 0; ///< position of the first entry's line in bytes; 0 until `load_offsets` has run
+    sectype sect_type;
+};
+
+/// One domain of a scan result file.
+class ORVET_API top_entry : public ktobject {
+public:
+    /// Stores copies; a copied vector holds the same objects.
+    top_entry(const ustring & name, const pathname & path, const vector & sections)
+        : domain_name(name), dep_path(path), trg_sect_info(sections)
+    {
+    }
+    codable * clone() override;
+
+    ustring domain_name;
+    pathname dep_path;    ///< the server forms of the domain it depends on and of its own; empty for the root
+    vector trg_sect_info; ///< its first item is the `sof_entry` of the domain's target section
+};
+
+/// Traces each domain of `topv` with its target section, at [I]; entries without one are passed over.
+ORVET_API short print_topv(const vector & topv, const char * label);
+
+/// For `qsort` over the items of a topology vector: orders by the length of `dep_path`, and by nothing else.
+ORVET_API int sort_on_dep_len(const void * a, const void * b);
+
+} // namespace orvet
+
+#endif

@@ -1,0 +1,51 @@
+#ifndef ORVET_FOUNDATION_BASE_CODABLE_H
+#define ORVET_FOUNDATION_BASE_CODABLE_H
+
+#include "orvet/export.h"
+
+namespace orvet {
+
+class encoder;
+class decoder;
+
+/// Root of every class whose objects can live in a `vector`.
+class ORVET_API codable {
+public:
+    codable() noexcept : version(1) {}
+    /// Copies `version` alone: a copy is held by no vector yet.
+    codable(const codable & other) noexcept : version(other.version) {}
+    codable & operator=(const codable & other) noexcept
+    {
+        version = other.version;
+        return *this;
+    }
+
+    /// The name of the object's class; a static text.
+    virtual const char * codable_name() const = 0;
+
+protected:
+    /// Neither reads nor writes anything in this library; the object itself comes back.
+    virtual codable * decode_object(decoder & from, long version);
+    virtual void encode_object(encoder & to) const;
+    virtual long codable_version() const;
+
+public:
+    /// The low 32 bits of the object's address, where a class has nothing better.
+    virtual unsigned int hash_code();
+    /// A new copy that the caller owns; null when memory is short.
+    virtual codable * clone() = 0;
+    /// 1 for equal, 0 for different. Classes without texts of their own are all equal.
+    virtual int operator==(const codable & other) const;
+    virtual ~codable() = default;
+
+protected:
+    long version;
+
+private:
+    friend class vector;
+    unsigned holders_ = 0; // the vectors that hold this object
+};
+
+} // namespace orvet
+
+#endif

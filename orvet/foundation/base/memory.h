@@ -1,0 +1,55 @@
+#ifndef ORVET_FOUNDATION_BASE_MEMORY_H
+#define ORVET_FOUNDATION_BASE_MEMORY_H
+
+#include <cstddef>
+#include <new>
+#include <utility>
+
+namespace orvet {
+
+/// Counts the allocations that failed in this process. Operations without a result can't report a failure
+/// themselves; whoever has a result to give watches this count around them.
+inline constinit unsigned memory_failures = 0;
+
+/// Tells whether an allocation has failed since the watch began.
+class memory_watch {
+public:
+    bool failed() const noexcept { return memory_failures != start_; }
+
+private:
+    unsigned start_ = memory_failures;
+};
+
+/// Room for `count` items of a plain type; null, and counted, when there is none.
+template <class T>
+T * allocate(std::size_t count) noexcept
+{
+    void * room = ::operator new(count * sizeof(T), std::nothrow);
+    if (!room)
+        ++memory_failures;
+    return static_cast<T *>(room);
+}
+
+inline void release(void * room) noexcept
+{
+    ::operator delete(room);
+}
+
+/// A new object, whole or not at all: null when the object or any part of it found no memory.
+template <class T, class... Args>
+T * make(Args &&... args)
+{
+    memory_watch watch;
+    T * object = new (std::nothrow) T(std::forward<Args>(args)...);
+    if (object && watch.failed()) {
+        delete object;
+        return nullptr;
+    }
+    if (!object)
+        ++memory_failures;
+    return object;
+}
+
+} // namespace orvet
+
+#endif

@@ -1,0 +1,37 @@
+#ifndef ORVET_FOUNDATION_BASE_PAIR_H
+#define ORVET_FOUNDATION_BASE_PAIR_H
+
+#include "orvet/foundation/base/ustring.h"
+
+namespace orvet {
+
+/// Two texts that belong together, a key and its value for one.
+class ORVET_API pair : public codable {
+public:
+    pair() = default;
+    pair(const ustring & first_text, const ustring & second_text) : first(first_text), second(second_text) {}
+
+    const char * codable_name() const override;
+    codable * clone() override;
+    /// 1 when `other` is a `pair` of the same two texts, case respected.
+    int operator==(const codable & other) const override;
+
+    friend bool operator==(const pair & a, const pair & b) { return a.equals(b); }
+    friend bool operator==(const codable & a, const pair & b) { return b.operator==(a) != 0; }
+    friend bool operator!=(const pair & a, const pair & b) { return !a.equals(b); }
+    friend bool operator!=(const codable & a, const pair & b) { return b.operator==(a) == 0; }
+    friend bool operator!=(const pair & a, const codable & b) { return a.operator==(b) == 0; }
+
+    ustring first;
+    ustring second;
+
+protected:
+    long codable_version() const override;
+
+private:
+    bool equals(const pair & other) const { return first == other.first && second == other.second; }
+};
+
+} // namespace orvet
+
+#endif

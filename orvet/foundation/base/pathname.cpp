@@ -1,0 +1,82 @@
+#include "orvet/foundation/base/pathname.h"
+
+#include <utility>
+
+#include "orvet/foundation/base/memory.h"
+#include "orvet/foundation/platform/platform.h"
+
+namespace orvet {
+
+namespace {
+
+constexpr char16_t separators[] = {u'/', u'\\'};
+
+bool ends_in_separator(const ustring & path)
+{
+    return path.length() != 0 && path.find_first_of(separators, path.length() - 1, 2) != ustring::npos;
+}
+
+} // namespace
+
+ustring join_path(const ustring & path, const ustring & element, char16_t separator)
+{
+    ustring result(path);
+    if (element.length() == 0)
+        return result;
+    const unsigned name = element.find_first_not_of(separators, 0, 2);
+    if (path.length() != 0 && !ends_in_separator(path)) {
+        const char native[] = {static_cast<char>(separator), 0};
+        result.append(native);
+    }
+    if (name != ustring::npos)
+        result.insert(result.length(), element, name);
+    return result;
+}
+
+pathname & pathname::operator=(const ustring & text)
+{
+    text_ = text;
+    return *this;
+}
+
+pathname & pathname::operator+=(const ustring & element)
+{
+    memory_watch watch;
+    ustring joined = join_path(text_, element, platform::separator);
+    if (!watch.failed())
+        text_ = std::move(joined);
+    return *this;
+}
+
+const char * pathname::codable_name() const
+{
+    return "pathname";
+}
+
+unsigned int pathname::hash_code()
+{
+    return text_.hash_code();
+}
+
+codable * pathname::clone()
+{
+    return make<pathname>(*this);
+}
+
+bool pathname::equals(const pathname & other) const
+{
+    return text_.compare(0, ustring::npos, other.text_, 0, ustring::npos, 1) == 0;
+}
+
+int pathname::operator==(const codable & other) const
+{
+    const auto * path = dynamic_cast<const pathname *>(&other);
+    return path && equals(*path) ? 1 : 0;
+}
+
+long pathname::codable_version() const
+{
+    return 1;
+}
+
+} // namespace orvet

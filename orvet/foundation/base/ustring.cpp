@@ -1,0 +1,415 @@
+#include "orvet/foundation/base/ustring.h"
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+#include "orvet/foundation/base/memory.h"
+#include "orvet/foundation/base/utf8.h"
+#include "orvet/foundation/platform/platform.h"
+
+namespace orvet {
+
+namespace {
+
+// Far below what an unsigned holds, so that sums of two lengths never wrap.
+constexpr std::size_t longest = std::numeric_limits<unsigned>::max() / 4;
+
+constexpr char16_t upper(char16_t unit)
+{
+    return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - u'a' + u'A') : unit;
+}
+
+constexpr char16_t lower(char16_t unit)
+{
+    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
+}
+
+constexpr bool same(char16_t a, char16_t b, int flag)
+{
+    return a == b || (flag != 0 && lower(a) == lower(b));
+}
+
+void copy_units(char16_t * to, const char16_t * from, std::size_t n)
+{
+    if (n != 0)
+        std::memmove(to, from, n * sizeof(char16_t));
+}
+
+/// How many of `n` units from `pos` on lie within `length`.
+unsigned clip(unsigned length, unsigned pos, unsigned n)
+{
+    return pos < length ? std::min(n, length - pos) : 0;
+}
+
+} // namespace
+
+ustring::ustring() noexcept
+{
+    inside_[0] = 0;
+}
+
+ustring::ustring(const char * text) : ustring()
+{
+    assign(text);
+}
+
+ustring::ustring(const ustring & other) : codable(other)
+{
+    inside_[0] = 0;
+    assign(other, 0, npos);
+}
+
+ustring::ustring(ustring && other) noexcept : codable(other)
+{
+    take(other);
+}
+
+ustring::ustring(const ustring & other, unsigned pos, unsigned n) : ustring()
+{
+    assign(other, pos, n);
+}
+
+ustring::~ustring()
+{
+    drop();
+}
+
+ustring & ustring::operator=(ustring && other) noexcept
+{
+    if (this != &other) {
+        drop();
+        take(other);
+    }
+    return *this;
+}
+
+/// Moves the other's text into this object, which holds nothing to be released, and leaves the other empty.
+void ustring::take(ustring & other) noexcept
+{
+    length_ = other.length_;
+    capacity_ = other.capacity_;
+    if (other.is_inside()) {
+        units_ = inside_;
+        copy_units(inside_, other.inside_, length_ + 1);
+    } else {
+        units_ = other.units_;
+    }
+    bytes_ = other.bytes_;
+    bytes_capacity_ = other.bytes_capacity_;
+    bytes_length_ = other.bytes_length_;
+
+    other.units_ = other.inside_;
+    other.capacity_ = inside;
+    other.bytes_ = nullptr;
+    other.bytes_capacity_ = 0;
+    other.set_length(0);
+}
+
+void ustring::drop() noexcept
+{
+    if (!is_inside())
+        release(units_);
+    release(bytes_);
+}
+
+/// Makes room for `units`, and keeps the present text if `keep`; else only the room counts.
+bool ustring::reserve(unsigned units, bool keep)
+{
+    if (units <= capacity_)
+        return true;
+    if (units > longest) {
+        ++memory_failures;
+        return false;
+    }
+    const unsigned room = std::max(units, capacity_ + capacity_ / 2);
+    auto * fresh = allocate<char16_t>(std::size_t{room} + 1);
+    if (!fresh)
+        return false;
+    copy_units(fresh, units_, keep ? length_ + 1 : 0);
+    if (!is_inside())
+        release(units_);
+    units_ = fresh;
+    capacity_ = room;
+    return true;
+}
+
+bool ustring::reserve_bytes(std::size_t bytes, std::size_t keep) const
+{
+    if (bytes <= bytes_capacity_)
+        return true;
+    if (bytes > 3 * longest) {
+        ++memory_failures;
+        return false;
+    }
+    const std::size_t room = std::max<std::size_t>(bytes, bytes_capacity_ + bytes_capacity_ / 2);
+    char * fresh = allocate<char>(room);
+    if (!fresh)
+        return false;
+    if (keep != 0)
+        std::memcpy(fresh, bytes_, keep);
+    release(bytes_);
+    bytes_ = fresh;
+    bytes_capacity_ = static_cast<unsigned>(room);
+    return true;
+}
+
+void ustring::set_length(unsigned units) noexcept
+{
+    length_ = units;
+    units_[units] = 0;
+    bytes_length_ = stale;
+}
+
+/// Replaces the text by what the bytes say; they are not those of this object's own text.
+bool ustring::decode(const char * bytes, std::size_t count)
+{
+    if (count > longest || !reserve(static_cast<unsigned>(count), false)) {
+        memory_failures += count > longest;
+        return false;
+    }
+    set_length(static_cast<unsigned>(utf8::decode(bytes, count, units_)));
+    return true;
+}
+
+/// The one way to edit: replaces `removed` units at `pos` by `n` units of `text`, which may be one's own.
+ustring & ustring::splice(unsigned pos, unsigned removed, const char16_t * text, unsigned n)
+{
+    const unsigned tail = length_ - pos - removed;
+    const std::size_t total = std::size_t{pos} + n + tail;
+    const bool own = !std::less<>{}(text, units_) && std::less<>{}(text, units_ + length_ + 1);
+    if (total <= capacity_ && (!own || n == 0)) {
+        copy_units(units_ + pos + n, units_ + pos + removed, tail);
+        copy_units(units_ + pos, text, n);
+        set_length(static_cast<unsigned>(total));
+        return *this;
+    }
+    ustring result;
+    const bool grows = n < total; // a text that is added to is added to again
+    const std::size_t room = grows && total > capacity_ ? std::max(total, std::size_t{capacity_} * 2) : total;
+    if (total > longest || !result.reserve(static_cast<unsigned>(room), false)) {
+        memory_failures += total > longest;
+        return *this;
+    }
+    copy_units(result.units_, units_, pos);
+    copy_units(result.units_ + pos, text, n);
+    copy_units(result.units_ + pos + n, units_ + pos + removed, tail);
+    result.set_length(static_cast<unsigned>(total));
+    return *this = std::move(result);
+}
+
+ustring & ustring::assign(const char * text)
+{
+    if (text && text >= bytes_ && text < bytes_ + bytes_capacity_) // one's own multi-byte form
+        return *this = ustring(text);
+    decode(text ? text : "", text ? std::strlen(text) : 0);
+    return *this;
+}
+
+ustring & ustring::assign(const ustring & other, unsigned pos, unsigned n)
+{
+    const unsigned count = clip(other.length_, pos, n);
+    return splice(0, length_, other.units_ + (count != 0 ? pos : 0), count);
+}
+
+ustring & ustring::append(const ustring & other)
+{
+    return splice(length_, 0, other.units_, other.length_);
+}
+
+ustring & ustring::append(const char * text)
+{
+    return append(ustring(text));
+}
+
+ustring & ustring::insert(unsigned pos, const ustring & text, unsigned spos, unsigned n)
+{
+    const unsigned count = clip(text.length_, spos, n);
+    return splice(std::min(pos, length_), 0, text.units_ + (count != 0 ? spos : 0), count);
+}
+
+ustring & ustring::remove(unsigned pos, unsigned n)
+{
+    const unsigned count = clip(length_, pos, n);
+    return count != 0 ? splice(pos, count, nullptr, 0) : *this;
+}
+
+template <class Change>
+ustring & ustring::change_case(unsigned pos, unsigned n, Change change)
+{
+    const unsigned count = clip(length_, pos, n);
+    if (count != 0) {
+        std::transform(units_ + pos, units_ + pos + count, units_ + pos, change);
+        bytes_length_ = stale;
+    }
+    return *this;
+}
+
+ustring & ustring::to_upper(unsigned pos, unsigned n)
+{
+    return change_case(pos, n, upper);
+}
+
+ustring & ustring::to_lower(unsigned pos, unsigned n)
+{
+    return change_case(pos, n, lower);
+}
+
+ustring & ustring::strip(int type, char16_t ch)
+{
+    unsigned begin = 0;
+    unsigned end = length_;
+    while ((type & strip_back) && end > begin && units_[end - 1] == ch)
+        --end;
+    while ((type & strip_front) && begin < end && units_[begin] == ch)
+        ++begin;
+    if (end != length_)
+        set_length(end);
+    return remove(0, begin);
+}
+
+unsigned ustring::find(char16_t ch, unsigned pos, int flag) const
+{
+    return find(&ch, pos, 1, flag);
+}
+
+unsigned ustring::find(const char16_t * chars, unsigned pos, unsigned n, int flag) const
+{
+    if (pos > length_)
+        return npos;
+    const char16_t * const begin = units_ + pos;
+    const char16_t * const end = units_ + length_;
+    const char16_t * const found = std::search(begin, end, chars, chars + n,
+                                               [flag](char16_t a, char16_t b) { return same(a, b, flag); });
+    return found != end || n == 0 ? static_cast<unsigned>(found - units_) : npos;
+}
+
+unsigned ustring::find_first_of(const char16_t * chars, unsigned pos, unsigned n, int flag) const
+{
+    for (unsigned i = pos; i < length_; ++i)
+        if (std::any_of(chars, chars + n, [&](char16_t ch) { return same(units_[i], ch, flag); }))
+            return i;
+    return npos;
+}
+
+unsigned ustring::find_first_not_of(const char16_t * chars, unsigned pos, unsigned n, int flag) const
+{
+    for (unsigned i = pos; i < length_; ++i)
+        if (std::none_of(chars, chars + n, [&](char16_t ch) { return same(units_[i], ch, flag); }))
+            return i;
+    return npos;
+}
+
+int ustring::compare(unsigned pos1, unsigned n1, const ustring & other, unsigned pos2, unsigned n2,
+                     int flag) const
+{
+    const unsigned count1 = clip(length_, pos1, n1);
+    const unsigned count2 = clip(other.length_, pos2, n2);
+    for (unsigned i = 0; i < std::min(count1, count2); ++i) {
+        const char16_t a = units_[pos1 + i];
+        const char16_t b = other.units_[pos2 + i];
+        if (!same(a, b, flag))
+            return (flag != 0 ? lower(a) < lower(b) : a < b) ? -1 : 1;
+    }
+    return count1 == count2 ? 0 : count1 < count2 ? -1 : 1;
+}
+
+bool ustring::begins_with(const char * ascii) const noexcept
+{
+    // The closing zero of the units stops a text that is shorter than what is looked for.
+    const char16_t * at = units_;
+    while (*ascii && *at == static_cast<unsigned char>(*ascii))
+        ++at, ++ascii;
+    return *ascii == 0;
+}
+
+bool ustring::equals(const ustring & other) const noexcept
+{
+    return length_ == other.length_ && std::memcmp(units_, other.units_, length_ * sizeof(char16_t)) == 0;
+}
+
+int ustring::getline(std::FILE * stream)
+{
+    // A line that lies whole in the stream's buffer is decoded where it lies. One that crosses into the next
+    // filling is first put together in the buffer of the multi-byte form.
+    std::size_t gathered = 0;
+    for (;;) {
+        const platform::read_ahead ahead = platform::look_ahead(stream);
+        const auto left = static_cast<std::size_t>(ahead.end - ahead.begin);
+        if (left == 0 && gathered == 0)
+            return 0;
+        const auto * feed =
+            static_cast<const char *>(left != 0 ? std::memchr(ahead.begin, '\n', left) : nullptr);
+        const std::size_t piece = feed ? static_cast<std::size_t>(feed - ahead.begin) : left;
+
+        const char * line = ahead.begin;
+        std::size_t count = piece;
+        if (gathered != 0 || !feed) {
+            bytes_length_ = stale;
+            if (!reserve_bytes(gathered + piece + 1, gathered))
+                return 0;
+            if (piece != 0)
+                std::memcpy(bytes_ + gathered, ahead.begin, piece);
+            gathered += piece;
+            line = bytes_;
+            count = gathered;
+        }
+        if (feed || left == 0) {
+            if (feed && count != 0 && line[count - 1] == '\r')
+                --count;
+            const bool decoded = decode(line, count);
+            if (feed)
+                platform::advance(stream, piece + 1);
+            return decoded ? 1 : 0;
+        }
+        platform::advance(stream, piece);
+    }
+}
+
+const char * ustring::mbcs_str() const
+{
+    if (bytes_length_ == stale) {
+        if (!reserve_bytes(std::size_t{length_} * 3 + 1, 0))
+            return "";
+        bytes_length_ = static_cast<unsigned>(utf8::encode(units_, length_, bytes_));
+        bytes_[bytes_length_] = 0;
+    }
+    return bytes_;
+}
+
+unsigned ustring::mbcs_length() const
+{
+    mbcs_str();
+    return bytes_length_ == stale ? 0 : bytes_length_;
+}
+
+const char * ustring::codable_name() const
+{
+    return "ustring";
+}
+
+unsigned int ustring::hash_code()
+{
+    return static_cast<unsigned int>(std::hash<std::u16string_view>{}({units_, length_}));
+}
+
+codable * ustring::clone()
+{
+    return make<ustring>(*this);
+}
+
+int ustring::operator==(const codable & other) const
+{
+    const auto * text = dynamic_cast<const ustring *>(&other);
+    return text && equals(*text) ? 1 : 0;
+}
+
+long ustring::codable_version() const
+{
+    return 1;
+}
+
+} // namespace orvet

@@ -1,0 +1,120 @@
+#ifndef ORVET_FOUNDATION_BASE_USTRING_H
+#define ORVET_FOUNDATION_BASE_USTRING_H
+
+#include <cstdio>
+
+#include "orvet/foundation/base/codable.h"
+
+namespace orvet {
+
+/// Text of UTF-16 units, with a multi-byte form in UTF-8 for the runtime's functions.
+///
+/// Any bytes that go in through `const char *` or `getline` come out of `mbcs_str` byte for byte, also those
+/// that are no UTF-8. Positions and counts are in units; out of range they are clipped, and a count of `npos`
+/// means up to the end. Editing works in place, returns the object, and takes the object's own text as well.
+/// Case means the ASCII letters, whatever the locale. Where memory is short the object stays as it was.
+class ORVET_API ustring : public codable {
+public:
+    static constexpr unsigned npos = static_cast<unsigned>(-1);
+
+    /// The ends that `strip` works on.
+    enum strip_type { strip_front = 1, strip_back = 2, strip_both = 3 };
+
+    ustring() noexcept;
+    /// From bytes up to their zero; null gives the empty text.
+    ustring(const char * text);
+    ustring(const ustring & other);
+    ustring(ustring && other) noexcept;
+    /// The `n` units of `other` from `pos` on; empty when `pos` lies outside.
+    ustring(const ustring & other, unsigned pos, unsigned n = npos);
+    ~ustring() override;
+
+    ustring & operator=(const ustring & other) { return assign(other); }
+    ustring & operator=(ustring && other) noexcept;
+
+    unsigned length() const noexcept { return length_; }
+    /// The units, closed by a zero; valid while the object is unchanged.
+    const char16_t * data() const noexcept { return units_; }
+
+    ustring & assign(const ustring & other) { return assign(other, 0, npos); }
+    ustring & assign(const char * text);
+    ustring & assign(const ustring & other, unsigned pos, unsigned n);
+    ustring & append(const ustring & other);
+    ustring & append(const char * text);
+    ustring & operator+=(const ustring & other) { return append(other); }
+    ustring & operator+=(const char * text) { return append(text); }
+    /// Puts the `n` units of `text` from `spos` on before `pos`, or at the end where `pos` lies behind it.
+    ustring & insert(unsigned pos, const ustring & text, unsigned spos = 0, unsigned n = npos);
+    ustring & remove(unsigned pos, unsigned n = npos);
+    ustring & to_upper(unsigned pos = 0, unsigned n = npos);
+    ustring & to_lower(unsigned pos = 0, unsigned n = npos);
+    /// Removes every `ch` at the ends that `type` names, a value of `strip_type`.
+    ustring & strip(int type, char16_t ch);
+
+    /// Index of the first match at or behind `pos`, or `npos`. A `flag` other than 0 ignores case.
+    unsigned find(char16_t ch, unsigned pos = 0, int flag = 0) const;
+    unsigned find(const char16_t * chars, unsigned pos, unsigned n, int flag = 0) const;
+    /// The same for the first unit that is, or is not, one of the `n` units of `chars`.
+    unsigned find_first_of(const char16_t * chars, unsigned pos, unsigned n, int flag = 0) const;
+    unsigned find_first_not_of(const char16_t * chars, unsigned pos, unsigned n, int flag = 0) const;
+
+    /// 0 when the two ranges are equal, else below or above 0. A `flag` other than 0 ignores case.
+    int compare(unsigned pos1, unsigned n1, const ustring & other, unsigned pos2, unsigned n2,
+                int flag) const;
+    /// True when the text begins with these ASCII characters, case respected.
+    bool begins_with(const char * ascii) const noexcept;
+
+    /// Replaces the text by the next line of `stream` without its line end, which is LF, CR LF or the end of
+    /// the file. Not 0 when a line was read. 0 at the end of the file, after a read error, and when the line
+    /// finds no memory; the text is then as it was. Reads nothing beyond the line as other readers see it.
+    int getline(std::FILE * stream);
+
+    /// The multi-byte form, closed by a zero; built when asked for and valid while the object is unchanged.
+    const char * mbcs_str() const;
+    /// Bytes of the multi-byte form, zero bytes inside the text counted.
+    unsigned mbcs_length() const;
+
+    const char * codable_name() const override;
+    unsigned int hash_code() override;
+    codable * clone() override;
+    /// 1 when `other` is a `ustring` with the same text, case respected.
+    int operator==(const codable & other) const override;
+
+    friend bool operator==(const ustring & a, const ustring & b) noexcept { return a.equals(b); }
+    friend bool operator==(const codable & a, const ustring & b) { return b.operator==(a) != 0; }
+    friend bool operator!=(const codable & a, const ustring & b) { return b.operator==(a) == 0; }
+    friend bool operator!=(const ustring & a, const codable & b) { return a.operator==(b) == 0; }
+    friend bool operator!=(const ustring & a, const ustring & b) noexcept { return !a.equals(b); }
+
+protected:
+    long codable_version() const override;
+
+private:
+    static constexpr unsigned inside = 15; // units kept inside the object
+    static constexpr unsigned stale = npos;
+
+    bool equals(const ustring & other) const noexcept;
+    bool is_inside() const noexcept { return units_ == inside_; }
+    void take(ustring & other) noexcept;
+    void drop() noexcept;
+    bool reserve(unsigned units, bool keep);
+    bool reserve_bytes(std::size_t bytes, std::size_t keep) const;
+    void set_length(unsigned units) noexcept;
+    bool decode(const char * bytes, std::size_t count);
+    ustring & splice(unsigned pos, unsigned removed, const char16_t * text, unsigned n);
+    template <class Change>
+    ustring & change_case(unsigned pos, unsigned n, Change change);
+
+    unsigned length_ = 0;
+    unsigned capacity_ = inside; // units, the closing zero not counted
+    char16_t * units_ = inside_;
+    // The multi-byte form, made when asked for; `bytes_length_` is `stale` when the text has changed since.
+    mutable unsigned bytes_length_ = stale;
+    mutable unsigned bytes_capacity_ = 0;
+    mutable char * bytes_ = nullptr;
+    char16_t inside_[inside + 1];
+};
+
+} // namespace orvet
+
+#endif

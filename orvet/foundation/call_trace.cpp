@@ -1,0 +1,37 @@
+#include "orvet/foundation/call_trace.h"
+
+#include <cstdio>
+
+namespace orvet {
+
+namespace {
+
+constexpr const char * severity_texts[] = {" [C] ", " [I] ", " [W] ", " [E] ", " [F] "};
+
+void write_line(work_area & wa, const char * severity_text, const char * name, const char * format,
+                const argument * values, std::size_t count)
+{
+    trace::write_header(wa, severity_text, name);
+    trace::write_text(wa, format_message(format, values, count));
+}
+
+} // namespace
+
+void call_trace::write(severity s, const char * format, const argument * values, std::size_t count) const
+{
+    write_line(system_trace::wa(), severity_texts[static_cast<int>(s)], name_, format, values, count);
+}
+
+void detail::write_log(const char * format, const argument * values, std::size_t count)
+{
+    write_line(log::wa(), " ", "", format, values, count);
+}
+
+void detail::write_console(const char * format, const argument * values, std::size_t count)
+{
+    std::fputs(format_message(format, values, count), stdout);
+    std::fputc('\n', stdout);
+    std::fflush(stdout);
+}
+
+} // namespace orvet

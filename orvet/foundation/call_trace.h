@@ -1,0 +1,123 @@
+#ifndef ORVET_FOUNDATION_CALL_TRACE_H
+#define ORVET_FOUNDATION_CALL_TRACE_H
+
+#include "orvet/foundation/format.h"
+#include "orvet/foundation/trace.h"
+
+/// How a function speaks. The three roads of output take a format and its arguments as they are: a format
+/// that does not fit them does not compile, and nothing is converted before the gate is found open.
+///
+///     short kt_file::close()
+///     {
+///         call_trace trace("kt_file::close");
+///         trace.warning("closing <%s> file", file_path_);
+///         if (!failed)
+///             return trace.leave(code::success);
+///         trace.error("Error closing %s", file_path_);
+///         log_message(messages::MSG0020, file_path_);
+///         return trace.fail(code::close_failed);
+///     }
+namespace orvet {
+
+/// The trace of one call. Made first thing in a function, with the function's name in the trace, it writes
+/// the entry line; the name must outlive it.
+class ORVET_API call_trace {
+public:
+    explicit call_trace(const char * name) : name_(name) { call("%s", ">>>> ENTRY>>>>>"); }
+
+    template <class... Args>
+    void call(format_for<Args...> format, const Args &... args) const
+    {
+        line(severity::call, format, args...);
+    }
+    template <class... Args>
+    void info(format_for<Args...> format, const Args &... args) const
+    {
+        line(severity::info, format, args...);
+    }
+    template <class... Args>
+    void warning(format_for<Args...> format, const Args &... args) const
+    {
+        line(severity::warning, format, args...);
+    }
+    template <class... Args>
+    void error(format_for<Args...> format, const Args &... args) const
+    {
+        line(severity::error, format, args...);
+    }
+    template <class... Args>
+    void fatal(format_for<Args...> format, const Args &... args) const
+    {
+        line(severity::fatal, format, args...);
+    }
+
+    /// The quit line: the function gives its work up.
+    void quit() const { call("%s", "<><><><><> QUITTING"); }
+
+    /// The exit line, for a function without a traced result.
+    void leave() const { call("<<<<<<<<<< EXIT"); }
+    /// The return line and the exit line. Gives the result, so that a function can end in it.
+    short leave(short result) const { return leave_with("return data = %hd", result); }
+    int leave(int result) const { return leave_with("return data = %d", result); }
+    unsigned leave(unsigned result) const { return leave_with("return data = %hu", result); }
+    /// The quit line ahead of both.
+    template <class Result>
+    Result fail(Result result) const
+    {
+        quit();
+        return leave(result);
+    }
+
+private:
+    template <class... Args>
+    void line(severity s, checked_format<Args...> format, const Args &... args) const
+    {
+        if (system_trace::passes(s)) [[unlikely]] {
+            const argument values[] = {argument(args)..., argument(0)};
+            write(s, format.text(), values, sizeof...(Args));
+        }
+    }
+    template <class Result>
+    Result leave_with(format_for<Result> format, Result result) const
+    {
+        call(format, result);
+        leave();
+        return result;
+    }
+    void write(severity s, const char * format, const argument * values, std::size_t count) const;
+
+    const char * name_;
+};
+
+/// Writes a message to the operators' log, when the log's level lets messages through.
+template <class... Args>
+void log_message(format_for<Args...> format, const Args &... args);
+
+/// Prints a message to standard output, with a line end, at once and behind no gate.
+template <class... Args>
+void console_message(format_for<Args...> format, const Args &... args);
+
+namespace detail {
+ORVET_API void write_log(const char * format, const argument * values, std::size_t count);
+ORVET_API void write_console(const char * format, const argument * values, std::size_t count);
+} // namespace detail
+
+template <class... Args>
+void log_message(format_for<Args...> format, const Args &... args)
+{
+    if (log::passes()) {
+        const argument values[] = {argument(args)..., argument(0)};
+        detail::write_log(format.text(), values, sizeof...(Args));
+    }
+}
+
+template <class... Args>
+void console_message(format_for<Args...> format, const Args &... args)
+{
+    const argument values[] = {argument(args)..., argument(0)};
+    detail::write_console(format.text(), values, sizeof...(Args));
+}
+
+} // namespace orvet
+
+#endif

@@ -1,0 +1,155 @@
+#include "orvet/foundation/environment.h"
+
+#include <cstdlib>
+
+#include "orvet/foundation/base/number.h"
+#include "orvet/foundation/call_trace.h"
+#include "orvet/foundation/messages.h"
+
+namespace orvet {
+
+namespace {
+
+const char * text_of(const char * variable, const char * otherwise)
+{
+    const char * const value = std::getenv(variable);
+    return value ? value : otherwise;
+}
+
+long long_of(const char * variable, long otherwise)
+{
+    const char * const value = std::getenv(variable);
+    return value ? std::strtol(value, nullptr, 10) : otherwise;
+}
+
+int int_of(const char * variable, int otherwise)
+{
+    const char * const value = std::getenv(variable);
+    return value ? to_int(value) : otherwise;
+}
+
+} // namespace
+
+const char * environment::get_kt_inst_path()
+{
+    const char * const path = std::getenv("KTXPATH");
+    if (!path)
+        console_message(messages::MSGI0001, "KTXPATH");
+    return path ? path : "";
+}
+
+const char * environment::get_brod_inst_path()
+{
+    const char * const path = std::getenv("brdcfg");
+    if (!path)
+        console_message(messages::MSGI0002);
+    return path ? path : "";
+}
+
+const char * environment::get_cf_prefix()
+{
+    return text_of("ktxcfp", "KTX");
+}
+
+const char * environment::get_remove_temp_files()
+{
+    const char * const wish = std::getenv("ktxrmtf");
+    if (!wish)
+        return "no";
+    const ustring word = ustring(wish).to_lower();
+    if (word == "yes")
+        return "yes";
+    if (word != "no")
+        console_message(messages::MSGI0003, "ktxrmtf", wish, "no");
+    return "no";
+}
+
+long environment::get_log_size()
+{
+    return long_of("ktxlsize", 500000);
+}
+
+long environment::get_trace_size()
+{
+    return long_of("ktxtsize", 500000);
+}
+
+int environment::get_log_level()
+{
+    return int_of("ktxllev", 0);
+}
+
+int environment::get_trace_level()
+{
+    return int_of("ktxtlev", 6);
+}
+
+const char * environment::get_kt_work_path()
+{
+    const char * const path = std::getenv("KTXWORK");
+    if (!path)
+        console_message(messages::MSGI0009, "KTXWORK");
+    return path ? path : "";
+}
+
+const pathname & environment::kt_inst_path()
+{
+    static const pathname path(get_kt_inst_path());
+    return path;
+}
+
+const pathname & environment::brod_inst_path()
+{
+    static const pathname path(get_brod_inst_path());
+    return path;
+}
+
+const ustring & environment::cf_prefix()
+{
+    static const ustring prefix(get_cf_prefix());
+    return prefix;
+}
+
+const ustring & environment::remove_temp_files()
+{
+    static const ustring answer(get_remove_temp_files());
+    return answer;
+}
+
+long environment::log_size()
+{
+    static const long bytes = get_log_size();
+    return bytes;
+}
+
+long environment::trace_size()
+{
+    static const long bytes = get_trace_size();
+    return bytes;
+}
+
+int environment::log_level()
+{
+    static const int level = get_log_level();
+    return level;
+}
+
+int environment::trace_level()
+{
+    static const int level = get_trace_level();
+    return level;
+}
+
+const pathname & environment::kt_work_path()
+{
+    static const pathname path(get_kt_work_path());
+    return path;
+}
+
+const pathname & environment::kt_bin_path()
+{
+    static const pathname path = pathname(kt_inst_path()) += "bin";
+    return path;
+}
+
+} // namespace orvet

@@ -1,0 +1,144 @@
+#include "orvet/foundation/format.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <limits>
+
+#include "orvet/foundation/base/utf8.h"
+
+namespace orvet {
+
+namespace {
+
+// One for the whole process: both channels and the console format here.
+char buffer[1024];
+
+/// Text that is cut, not overrun, when the buffer is full.
+class writer {
+public:
+    void put(const char * text, std::size_t length)
+    {
+        const std::size_t room = sizeof buffer - 1 - used_;
+        const std::size_t taken = length <= room ? length : utf8::cut(text, room);
+        std::memcpy(buffer + used_, text, taken);
+        used_ += taken;
+        full_ = full_ || taken < length;
+    }
+    bool full() const { return full_; }
+    ~writer() { buffer[used_] = 0; }
+
+private:
+    std::size_t used_ = 0;
+    bool full_ = false;
+};
+
+template <class Number>
+long long clamped(long long value)
+{
+    constexpr long long least = std::numeric_limits<Number>::min();
+    constexpr long long most = std::numeric_limits<Number>::max();
+    return std::clamp(value, least, most);
+}
+
+/// What a conversion makes of a number: its own type's range, or for h its low bits.
+long long fitted(const conversion & as, long long value)
+{
+    const bool is_signed = as.kind == 'd' || as.kind == 'i' || as.kind == 'c';
+    switch (as.size) {
+    case 'H':
+        return is_signed ? static_cast<signed char>(value) : static_cast<unsigned char>(value);
+    case 'h':
+        return is_signed ? static_cast<short>(value) : static_cast<unsigned short>(value);
+    case 'l':
+        return is_signed ? clamped<long>(value) : static_cast<long long>(static_cast<unsigned long>(value));
+    case 'L':
+        return value;
+    default:
+        return is_signed ? clamped<int>(value) : static_cast<unsigned>(value);
+    }
+}
+
+void put_value(writer & out, const conversion & as, const argument & value)
+{
+    // Flags, width and precision are printf's business; only the size is brought to one form.
+    char spec[32];
+    const char * flags_end = as.begin + 1;
+    while (std::strchr("-+ #0123456789.", *flags_end) && *flags_end)
+        ++flags_end;
+    const int flags = static_cast<int>(std::min<std::ptrdiff_t>(flags_end - as.begin, 20));
+    if (value.is_text() && flags == 1)
+        return out.put(value.text(), std::strlen(value.text()));
+
+    char text[sizeof buffer];
+    std::snprintf(spec, sizeof spec, "%.*s%s%c", flags, as.begin,
+                  value.is_text() || as.kind == 'c' ? "" : "ll", as.kind);
+    const int length = value.is_text() ? std::snprintf(text, sizeof text, spec, value.text())
+                       : as.kind == 'c'
+                           ? std::snprintf(text, sizeof text, spec, static_cast<int>(value.number()))
+                           : std::snprintf(text, sizeof text, spec, fitted(as, value.number()));
+    if (length > 0)
+        out.put(text, std::min<std::size_t>(static_cast<std::size_t>(length), sizeof text - 1));
+}
+
+/// `format` with each bare "%l" made "%ld"; null when it holds none or grows too long.
+const char * with_long_conversions(const char * format, char * room, std::size_t size)
+{
+    std::size_t used = 0;
+    const char * from = format;
+    for (const char * at = std::strstr(from, "%l"); at; at = std::strstr(at + 2, "%l")) {
+        std::ptrdiff_t percents = 0; // in front of this one; an odd number makes it the second half of a "%%"
+        while (at - percents > format && at[-percents - 1] == '%')
+            ++percents;
+        if (percents % 2 != 0 || (at[2] && std::strchr("diouxXeEfFgGaAcspnl", at[2])))
+            continue;
+        const auto piece = static_cast<std::size_t>(at + 2 - from);
+        if (used + piece + 1 >= size)
+            return nullptr;
+        std::memcpy(room + used, from, piece);
+        used += piece;
+        room[used++] = 'd';
+        from = at + 2;
+    }
+    const std::size_t rest = std::strlen(from);
+    if (from == format || used + rest >= size)
+        return nullptr;
+    std::memcpy(room + used, from, rest + 1);
+    return room;
+}
+
+} // namespace
+
+char * format_message(const char * format, const argument * arguments, std::size_t count)
+{
+    writer out;
+    std::size_t taken = 0;
+    while (!out.full()) {
+        const conversion next = next_conversion(format);
+        if (!next.begin) {
+            out.put(format, std::strlen(format));
+            break;
+        }
+        out.put(format, static_cast<std::size_t>(next.begin - format));
+        if (next.kind == '%')
+            out.put("%", 1);
+        else if (taken < count)
+            put_value(out, next, arguments[taken++]);
+        format = next.end;
+    }
+    return buffer;
+}
+
+char * format_message(const char * format, std::va_list arguments)
+{
+    char room[2 * sizeof buffer];
+    const char * const with_longs = with_long_conversions(format, room, sizeof room);
+    const int length = std::vsnprintf(buffer, sizeof buffer, with_longs ? with_longs : format, arguments);
+    if (length < 0)
+        *buffer = 0;
+    else if (static_cast<std::size_t>(length) >= sizeof buffer)
+        buffer[utf8::cut(buffer, sizeof buffer - 1)] = 0;
+    return buffer;
+}
+
+} // namespace orvet

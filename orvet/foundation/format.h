@@ -1,0 +1,123 @@
+#ifndef ORVET_FOUNDATION_FORMAT_H
+#define ORVET_FOUNDATION_FORMAT_H
+
+#include <concepts>
+#include <cstdarg>
+#include <cstddef>
+#include <type_traits>
+
+#include "orvet/foundation/base/pathname.h"
+
+namespace orvet {
+
+/// One value for a format: a text or a whole number. Made from what a caller passes and read at once; a text
+/// must outlive it.
+class argument {
+public:
+    argument(const char * text) : text_(text ? text : "") {}
+    argument(const ustring & text) : text_(text.mbcs_str()) {}
+    argument(const pathname & path) : text_(path.mbcs_str()) {}
+    template <std::integral Number>
+    argument(Number number) : number_(static_cast<long long>(number))
+    {
+    }
+
+    bool is_text() const { return text_ != nullptr; }
+    const char * text() const { return text_; }
+    long long number() const { return number_; }
+
+private:
+    const char * text_ = nullptr;
+    long long number_ = 0;
+};
+
+template <class T>
+concept text_argument = std::convertible_to<const T &, const char *> || std::derived_from<T, ustring> ||
+    std::derived_from<T, pathname>;
+
+template <class T>
+concept format_argument = text_argument<T> || std::integral<T>;
+
+/// The conversions of the library's formats: %s for texts; %d, %i, %u, %x, %X and %c for whole numbers, with
+/// width, precision and the sizes hh, h, l and ll; and the bare %l, which is %ld. %% is a percent sign.
+struct conversion {
+    const char * begin; ///< its "%"; null when there is no further one
+    const char * end;   ///< behind its last character
+    char size;          ///< 'H' for hh, 'h', 'l', 'L' for ll, or 0
+    char kind;          ///< the last letter; 0 for one that is unknown or ends too soon
+};
+
+/// The first conversion of `format`.
+constexpr conversion next_conversion(const char * format)
+{
+    const auto among = [](char ch, const char * set) {
+        while (*set && *set != ch)
+            ++set;
+        return ch != 0 && *set != 0;
+    };
+    while (*format && *format != '%')
+        ++format;
+    if (!*format)
+        return {nullptr, nullptr, 0, 0};
+    const char * at = format + 1;
+    while (among(*at, "-+ #0123456789."))
+        ++at;
+    char size = 0;
+    if (*at == 'h' || *at == 'l') {
+        size = *at++;
+        if (*at == size) {
+            size = size == 'h' ? 'H' : 'L';
+            ++at;
+        }
+    }
+    if (among(*at, size == 0 ? "sdiuxXc%" : "diuxX"))
+        return {format, at + 1, size, *at};
+    if (size == 'l')
+        return {format, at, size, 'd'};
+    return {format, at, size, 0};
+}
+
+/// A format that is held against the types of its arguments when it is compiled.
+template <class... Args>
+class checked_format {
+public:
+    consteval checked_format(const char * text) : text_(text)
+    {
+        constexpr bool is_text[] = {text_argument<Args>..., false};
+        std::size_t taken = 0;
+        for (conversion next = next_conversion(text); next.begin; next = next_conversion(next.end)) {
+            if (next.kind == 0)
+                throw "the format holds a conversion that is not supported";
+            if (next.kind == '%')
+                continue;
+            if (taken == sizeof...(Args))
+                throw "the format asks for more arguments than there are";
+            if (is_text[taken] != (next.kind == 's'))
+                throw "a conversion does not fit its argument";
+            ++taken;
+        }
+        if (taken != sizeof...(Args))
+            throw "the format leaves arguments over";
+    }
+
+    const char * text() const { return text_; }
+
+private:
+    const char * text_;
+};
+
+/// The format of a function whose arguments are `Args`; spelled so that they are deduced from the values
+/// alone.
+template <class... Args>
+using format_for = checked_format<std::type_identity_t<Args>...>;
+
+/// Formats into the buffer of `trace::internal_write_text`. A number outside the range of its conversion is
+/// clamped to it; what does not fit into the buffer is cut at a character's end.
+ORVET_API char * format_message(const char * format, const argument * arguments, std::size_t count);
+
+/// The same by the rules of `printf`, for arguments without types.
+ORVET_API char * format_message(const char * format, std::va_list arguments);
+
+} // namespace orvet
+
+#endif

@@ -1,0 +1,58 @@
+#ifndef ORVET_FOUNDATION_PLATFORM_PLATFORM_H
+#define ORVET_FOUNDATION_PLATFORM_PLATFORM_H
+
+#include <cstddef>
+#include <cstdio>
+
+#include "orvet/foundation/base/ustring.h"
+
+// All that the library asks of an operating system beyond the standard library. Calls, not decisions: what
+// can be decided by a rule stands above this layer. Failures are told by `errno`.
+namespace orvet::platform {
+
+/// The system's own separator of path elements.
+extern const char16_t separator;
+
+/// What a stream has read ahead of its reader; empty at the end of the file and after a read error.
+struct read_ahead {
+    const char * begin;
+    const char * end;
+};
+
+/// Fills the stream's buffer if it is empty and shows what stands in it, without taking any of it.
+read_ahead look_ahead(std::FILE * stream);
+/// Takes `bytes` of what `look_ahead` showed.
+void advance(std::FILE * stream, std::size_t bytes);
+
+/// Opens a file as `fopen` does, but refuses directories, and no command that the process runs inherits the
+/// stream. A stream for reading alone, with neither "b" nor "t" in its mode, reads bytes.
+std::FILE * open_stream(const ustring & path, const char * mode);
+/// Removes a file, never a directory. 0 for success.
+int remove_file(const ustring & path);
+/// 0 for success. Whether an existing `to` is replaced is the system's affair.
+int rename_file(const ustring & from, const ustring & to);
+/// True when anything of that name is there.
+bool exists(const ustring & path);
+
+/// The code of the last system error.
+unsigned long last_error();
+/// Writes the system's text for `code`, cut to `size` with its zero; false, and nothing written, for a code
+/// that it does not know.
+bool error_text(unsigned long code, char * text, std::size_t size);
+
+/// How a step through the heap ended. The numbers are those of the runtime that has such a walk.
+enum class heap_status { empty = -1, ok = -2, bad_begin = -3, bad_node = -4, end = -5, bad_pointer = -6 };
+
+/// One block of the heap. A value-initialised one stands in front of the first block.
+struct heap_block {
+    void * address;
+    std::size_t size; // bytes
+    bool used;
+};
+
+/// Goes on to the next block; `block` holds one only after `heap_status::ok`.
+heap_status next_heap_block(heap_block & block);
+
+} // namespace orvet::platform
+
+#endif

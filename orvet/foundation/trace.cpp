@@ -1,0 +1,194 @@
+#include "orvet/foundation/trace.h"
+
+#include <cstdarg>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <limits>
+
+#include "orvet/foundation/base/memory.h"
+#include "orvet/foundation/base/number.h"
+#include "orvet/foundation/base/utf8.h"
+#include "orvet/foundation/environment.h"
+#include "orvet/foundation/format.h"
+#include "orvet/foundation/platform/platform.h"
+
+namespace orvet {
+
+namespace {
+
+constexpr char trace_file[] = "ktx1.trc";
+constexpr char other_trace_file[] = "ktx2.trc";
+constexpr char log_file[] = "ktx1.log";
+constexpr long default_max_size = 500000;
+constexpr int silent = 6;
+
+// The level of a channel that nobody has touched lets everything through, so that the first gate goes on to
+// `wa()`, which opens the channel and puts its real first level in place.
+constexpr work_area untouched{std::numeric_limits<int>::min(), nullptr, {}, 0, 0, nullptr};
+
+/// Adds to a channel's line, and always leaves room for the line feed and the closing zero.
+void append(char (&line)[1024], const char * text)
+{
+    constexpr std::size_t room = sizeof line - 2;
+    if (!text)
+        return;
+    const std::size_t begin = std::strlen(line);
+    const std::size_t length = std::strlen(text);
+    const std::size_t taken = begin + length <= room ? length : utf8::cut(text, room - begin);
+    std::memcpy(line + begin, text, taken);
+    line[begin + taken] = 0;
+}
+
+void open_channel(work_area & area, int first_level, const char * file_name)
+{
+    area.level = first_level;
+    area.stream = make<stdio_trace_stream>(file_name);
+    std::memset(area.line, 0, sizeof area.line);
+    area.max_size = default_max_size;
+    area.current_size = 0;
+    area.file_name = make<pathname>(file_name);
+}
+
+} // namespace
+
+stdio_trace_stream::stdio_trace_stream(const char * file_name)
+{
+    pathname path(environment::kt_inst_path());
+    path += file_name;
+    stream_ = platform::open_stream(path.text(), "a+");
+    if (!stream_) {
+        stream_ = stderr;
+        std::fprintf(stderr, "Could not open trace file ->%s<-, logging on stderr\n", path.mbcs_str());
+    }
+}
+
+stdio_trace_stream::~stdio_trace_stream()
+{
+    if (stream_ != stdout && stream_ != stderr && stream_)
+        std::fclose(stream_);
+}
+
+int stdio_trace_stream::writeline(const char * line)
+{
+    if (!stream_)
+        return -1;
+    const std::size_t length = std::strlen(line);
+    const bool written = std::fwrite(line, 1, length, stream_) == length;
+    std::fflush(stream_);
+    return written ? static_cast<int>(length) : -1;
+}
+
+void trace::set_level(work_area & wa, int level)
+{
+    const char * const wish = level == silent ? std::getenv("ostrel_trace_level") : nullptr;
+    wa.level = wish ? to_int(wish) : level;
+}
+
+void trace::set_stream(work_area & wa, trace_stream * stream)
+{
+    if (wa.stream != stream)
+        delete wa.stream;
+    wa.stream = stream;
+}
+
+void trace::write_current_time(work_area & wa)
+{
+    // The text of a second is made once: for all but the first line of it this is a copy.
+    static std::time_t second = -1;
+    static char text[sizeof wa.line];
+    const std::time_t now = std::time(nullptr);
+    if (now != second) {
+        const std::tm * const local = std::localtime(&now);
+        text[local ? std::strftime(text, sizeof text, "%c", local) : 0] = 0;
+        second = now;
+    }
+    *wa.line = 0;
+    append(wa.line, text);
+}
+
+void trace::write_header(work_area & wa, const char * severity, const char * name)
+{
+    write_current_time(wa);
+    append(wa.line, severity);
+    append(wa.line, name);
+}
+
+char * trace::internal_write_text(const char * format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    char * const text = format_message(format, arguments);
+    va_end(arguments);
+    return text;
+}
+
+void trace::write_text(work_area & wa, const char * text, ...)
+{
+    append(wa.line, " ");
+    append(wa.line, text);
+    std::strcat(wa.line, "\n");
+    if (wa.stream)
+        wa.current_size += wa.stream->writeline(wa.line);
+}
+
+char * trace::last_system_error_to_string(work_area & wa)
+{
+    return system_error_to_string(wa, platform::last_error());
+}
+
+char * trace::system_error_to_string(work_area &, unsigned long code)
+{
+    static char text[128];
+    std::snprintf(text, sizeof text, "System error %ld\n", static_cast<long>(code));
+    platform::error_text(code, text, sizeof text);
+    return text;
+}
+
+void trace::change_trace_file(work_area & wa)
+{
+    set_stream(wa, nullptr);
+    const ustring first(trace_file);
+    const bool on_first =
+        wa.file_name && wa.file_name->text().compare(0, ustring::npos, first, 0, ustring::npos, 1) == 0;
+    const char * const next = on_first ? other_trace_file : trace_file;
+    delete wa.file_name;
+    wa.file_name = make<pathname>(next);
+    wa.stream = make<stdio_trace_stream>(next);
+    wa.current_size = 0;
+}
+
+constinit work_area system_trace::area_ = untouched;
+constinit bool system_trace::open_ = false;
+constinit work_area log::area_ = untouched;
+constinit bool log::open_ = false;
+
+system_trace::~system_trace()
+{
+    set_stream(area_, nullptr);
+}
+
+work_area & system_trace::wa()
+{
+    if (!open_) {
+        open_ = true;
+        open_channel(area_, silent, trace_file);
+    }
+    return area_;
+}
+
+log::~log()
+{
+    set_stream(area_, nullptr);
+}
+
+work_area & log::wa()
+{
+    if (!open_) {
+        open_ = true;
+        open_channel(area_, 0, log_file);
+    }
+    return area_;
+}
+
+} // namespace orvet

@@ -1,0 +1,115 @@
+#ifndef ORVET_FOUNDATION_TRACE_H
+#define ORVET_FOUNDATION_TRACE_H
+
+#include <cstdio>
+
+#include "orvet/foundation/base/pathname.h"
+
+namespace orvet {
+
+/// Severities of a trace line, by their numbers; [C], [I], [W], [E] and [F] in the trace.
+enum class severity { call = 0, info = 1, warning = 2, error = 3, fatal = 4 };
+
+/// Where finished lines go. A channel deletes the stream that it was given.
+class ORVET_API trace_stream {
+public:
+    virtual ~trace_stream() = default;
+    /// Takes one whole line, its line feed included. Gives the bytes written, negative after a failure.
+    virtual int writeline(const char * line) = 0;
+};
+
+/// Lines to a file of the standard library; each is on disk when `writeline` returns.
+class ORVET_API stdio_trace_stream : public trace_stream {
+public:
+    /// Takes over an open stream; standard output and standard error stay the process's own.
+    explicit stdio_trace_stream(std::FILE * stream) : stream_(stream) {}
+    /// Appends to the file of that name in the Ketrix installation directory, or in the current one when that
+    /// is not set. A file that can't be opened is told on standard error, and its lines go there.
+    explicit stdio_trace_stream(const char * file_name);
+    stdio_trace_stream(const stdio_trace_stream &) = delete;
+    stdio_trace_stream & operator=(const stdio_trace_stream &) = delete;
+    ~stdio_trace_stream() override;
+
+    int writeline(const char * line) override;
+
+private:
+    std::FILE * stream_;
+};
+
+/// The state of one channel. Lives as long as the process.
+struct work_area {
+    int level;             ///< a line passes when this is at most the number of its severity
+    trace_stream * stream; ///< where finished lines go; owned; null drops them
+    char line[1024];       ///< the line under assembly, closed by a zero
+    long max_size;         ///< limit of the channel's file in bytes; nothing acts on it
+    long current_size;     ///< bytes written since the stream was opened
+    pathname * file_name;  ///< the file's bare name; owned
+};
+
+/// The engine of both channels. A line is made by `write_header`, `internal_write_text` and `write_text`, in
+/// this order, with nothing else written on the channel in between; `call_trace` and `log_message` do that.
+/// What does not fit into a line is cut at a character's end. No operation reports a failure.
+class ORVET_API trace {
+public:
+    /// 6 asks for silence, unless the variable `ostrel_trace_level` says otherwise at that moment.
+    static void set_level(work_area & wa, int level);
+    static int level(const work_area & wa) { return wa.level; }
+    static void set_max_size(work_area & wa, long bytes) { wa.max_size = bytes; }
+    static long max_size(const work_area & wa) { return wa.max_size; }
+    /// Deletes the present stream and takes over the new one; null closes the channel without a word.
+    static void set_stream(work_area & wa, trace_stream * stream);
+
+    /// Begins a line: the local time, the severity's text, the name.
+    static void write_header(work_area & wa, const char * severity, const char * name);
+    /// Formats by the rules of `printf` into one buffer of 1024 bytes that all messages of the process share;
+    /// the result is valid up to the next call. A bare "%l" counts as "%ld".
+    static char * internal_write_text(const char * format, ...);
+    /// Ends the line with `text`, which is no format, and writes it; further arguments are ignored.
+    static void write_text(work_area & wa, const char * text, ...);
+
+    /// The text of the operating system's last error, or of `code`, in one buffer of 128 bytes.
+    static char * last_system_error_to_string(work_area & wa);
+    static char * system_error_to_string(work_area & wa, unsigned long code);
+
+protected:
+    static void write_current_time(work_area & wa);
+
+private:
+    static void change_trace_file(work_area & wa);
+};
+
+/// The developers' trace, "ktx1.trc". An object of the class is only needed to close the channel for good.
+class ORVET_API system_trace : public trace {
+public:
+    ~system_trace();
+    /// The channel; its file is opened by the first call.
+    static work_area & wa();
+    /// True when a line of that severity is to be written. Costs a load and a compare while the gate is shut.
+    static bool passes(severity s)
+    {
+        const int number = static_cast<int>(s);
+        return area_.level <= number && level(wa()) <= number;
+    }
+
+private:
+    static work_area area_;
+    static bool open_;
+};
+
+/// The operators' log, "ktx1.log". An object of the class is only needed to close the channel for good.
+class ORVET_API log : public trace {
+public:
+    ~log();
+    /// The channel; its file is opened by the first call.
+    static work_area & wa();
+    /// True when messages are written.
+    static bool passes() { return area_.level <= 0 && level(wa()) <= 0; }
+
+private:
+    static work_area area_;
+    static bool open_;
+};
+
+} // namespace orvet
+
+#endif

@@ -1,0 +1,78 @@
+#ifndef ORVET_TESTS_SUPPORT_H
+#define ORVET_TESTS_SUPPORT_H
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <orvet/orvet.h>
+
+namespace orvet_test {
+
+/// Everything in the test process's own directory, which is also the current one, KTXPATH and brdcfg.
+const std::filesystem::path & test_directory();
+
+void write_file(const std::string & name, const std::string & bytes);
+/// The bytes of a file; "(no file)" when there is none.
+std::string read_file(const std::string & name);
+/// The same with CR LF as LF, for files in the system's own text form.
+std::string read_text(const std::string & name);
+
+/// Runs the named scenario in a process of its own, for what a process does only once. Gives what it wrote to
+/// standard output; a failed run shows in it.
+std::string run_scenario(const std::string & name);
+
+/// Registers a scenario: a function that `run_scenario` runs.
+struct scenario {
+    scenario(const char * name, void (*run)());
+};
+
+/// Sets a variable of the environment, or removes it when `value` is null.
+void set_variable(const char * name, const char * value);
+
+/// What both channels were given since the object was made, in one order: trace lines as "T [C] name text",
+/// log lines as "L text", time stamps left out. The channels are silent again when the object goes.
+class transcript {
+public:
+    explicit transcript(int trace_level = 0, int log_level = 0);
+    transcript(const transcript &) = delete;
+    transcript & operator=(const transcript &) = delete;
+    ~transcript();
+
+    /// The lines so far, each ended by a line feed; the object starts anew.
+    std::string take();
+    /// The same, but only the lines that hold `part`.
+    std::string take(const std::string & part);
+};
+
+/// What is printed to standard output while `action` runs, CR LF as LF.
+template <class Action>
+std::string printed_by(Action action);
+
+std::string plain_line_ends(std::string text);
+
+template <class Action>
+std::string printed_by(Action action)
+{
+    testing::internal::CaptureStdout();
+    action();
+    std::fflush(stdout);
+    return plain_line_ends(testing::internal::GetCapturedStdout());
+}
+
+inline std::string text_of(const orvet::ustring & text)
+{
+    return {text.mbcs_str(), text.mbcs_length()};
+}
+
+/// A path as the library writes it on this system, from one with slashes.
+std::string native(std::string path);
+
+/// A ustring from bytes that may hold zeros.
+orvet::ustring from_bytes(const std::string & bytes);
+
+} // namespace orvet_test
+
+#endif

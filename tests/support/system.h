@@ -1,0 +1,13 @@
+#ifndef ORVET_TESTS_SYSTEM_H
+#define ORVET_TESTS_SYSTEM_H
+
+// What the tests ask of an operating system beyond the standard library; set_variable stands in support.h.
+namespace orvet_test {
+
+/// No dialog and no core file when a test process crashes.
+void keep_crashes_quiet();
+unsigned long process_number();
+
+} // namespace orvet_test
+
+#endif
