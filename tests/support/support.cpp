@@ -32,13 +32,13 @@ public:
     int writeline(const char * line) override
     {
         const char * const text = std::strstr(line, begin_.c_str());
-        lines += mark_ + (text ? text + begin_.size() - 1 : line);
+        lines += mark_ + (text ? text + std::strspn(text, " ") : line);
         return static_cast<int>(std::strlen(line));
     }
 
 private:
     std::string mark_;
-    std::string begin_; // what stands behind the time stamp; its last character is kept
+    std::string begin_; // what stands behind the time stamp
 };
 
 } // namespace

@@ -16,6 +16,7 @@ public:
     pathname & operator=(const pathname & other) = default;
     pathname & operator=(pathname && other) noexcept = default;
     pathname & operator=(const ustring & text);
+    pathname & operator=(const char * text) { return *this = ustring(text); }
 
     /// Adds an element with exactly one native separator in front of it. `/` and `\` both count as
     /// separators: those at the front of the element are dropped, and none is added behind a path that ends

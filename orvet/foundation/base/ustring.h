@@ -15,7 +15,7 @@ namespace orvet {
 /// Case means the ASCII letters, whatever the locale. Where memory is short the object stays as it was.
 class ORVET_API ustring : public codable {
 public:
-    static constexpr unsigned npos = static_cast<unsigned>(-1);
+    enum : unsigned { npos = 0xffffffffU };
 
     /// The ends that `strip` works on.
     enum strip_type { strip_front = 1, strip_back = 2, strip_both = 3 };
@@ -90,8 +90,8 @@ protected:
     long codable_version() const override;
 
 private:
-    static constexpr unsigned inside = 15; // units kept inside the object
-    static constexpr unsigned stale = npos;
+    enum : unsigned { inside = 15 };  // units kept inside the object
+    enum : unsigned { stale = npos }; // a length: the multi-byte form is not that of the text
 
     bool equals(const ustring & other) const noexcept;
     bool is_inside() const noexcept { return units_ == inside_; }
@@ -108,7 +108,7 @@ private:
     unsigned length_ = 0;
     unsigned capacity_ = inside; // units, the closing zero not counted
     char16_t * units_ = inside_;
-    // The multi-byte form, made when asked for; `bytes_length_` is `stale` when the text has changed since.
+    // The multi-byte form, made when asked for.
     mutable unsigned bytes_length_ = stale;
     mutable unsigned bytes_capacity_ = 0;
     mutable char * bytes_ = nullptr;

@@ -1,0 +1,22 @@
+# What a user gets: headers, the library, a CMake package and a pkg-config file.
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orvet)
+
+install(TARGETS orvet
+  EXPORT orvetTargets
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+install(EXPORT orvetTargets NAMESPACE orvet:: DESTINATION ${package_dir} COMPONENT development)
+
+configure_package_config_file(cmake/orvetConfig.cmake.in orvetConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(orvetConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/orvetConfig.cmake ${PROJECT_BINARY_DIR}/orvetConfigVersion.cmake
+  DESTINATION ${package_dir} COMPONENT development)
+
+file(RELATIVE_PATH relative_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" relative_prefix "${relative_prefix}")
+configure_file(cmake/orvet.pc.in orvet.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/orvet.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

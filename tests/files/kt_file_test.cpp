@@ -1,0 +1,262 @@
+#include "support.h"
+
+#include <functional>
+
+using namespace orvet;
+using namespace orvet_test;
+
+namespace {
+
+constexpr char not_open[] =
+    "L MSG0001 [F] A read/write operation has been attempted toa file that is not open\n";
+
+/// The lines of one call: entry, its own lines, return line and exit. `T` in `own` stands for "T[X] name".
+std::string call_of(const std::string & name, const std::string & own, const std::string & end)
+{
+    const std::string call = "T[C] " + name + " ";
+    std::string lines = call + ">>>> ENTRY>>>>>\n" + own;
+    if (end.find("quit") != std::string::npos)
+        lines += call + "<><><><><> QUITTING\n";
+    const std::size_t digit = end.find_first_of("-0123456789");
+    if (digit != std::string::npos)
+        lines += call + "return data = " + end.substr(digit) + "\n";
+    return lines + call + "<<<<<<<<<< EXIT\n";
+}
+
+std::string seek_lines(const std::string & file, long offset, int origin)
+{
+    return call_of("kt_file::seek",
+                   "T[W] kt_file::seek seeking in " + file + " file. offset is " + std::to_string(offset) +
+                       " origin is " + std::to_string(origin) + "\n",
+                   "0");
+}
+
+TEST(KtFile, OpensMeasuresAndCloses)
+{
+    write_file("ten.txt", "0123456789");
+    transcript lines;
+    kt_file file(pathname("ten.txt"));
+    EXPECT_EQ(lines.take(), call_of("kt_file(pathname)", "T[I] kt_file(pathname) Path is <ten.txt>\n", ""));
+    EXPECT_EQ(file.open("r"), 0);
+    EXPECT_EQ(file.file_size(), 10);
+    EXPECT_EQ(lines.take(),
+              call_of("kt_file::open",
+                      "T[W] kt_file::open opening ten.txt file with mode r\n" + seek_lines("ten.txt", 0, 2) +
+                          call_of("kt_file::get_pos", "", "0") +
+                          "T[I] kt_file::open The size of the file is 10\n" + seek_lines("ten.txt", 0, 0),
+                      "0"));
+    EXPECT_EQ(file.close(), 0);
+    const std::string closing =
+        call_of("kt_file::close", "T[W] kt_file::close closing <ten.txt> file\n", "0");
+    EXPECT_EQ(lines.take(), closing);
+    EXPECT_EQ(file.file_size(), 0);
+    EXPECT_EQ(file.close(), 0);
+    EXPECT_EQ(lines.take(), closing);
+}
+
+TEST(KtFile, LiesInTheInstallationDirectoryByABareName)
+{
+    transcript lines;
+    const kt_file file{ustring("/a.txt")};
+    EXPECT_EQ(text_of(const_cast<kt_file &>(file).file_name().text()),
+              test_directory().string() + native("/") + "a.txt");
+    EXPECT_EQ(lines.take(), call_of("kt_file(file_name)", "", ""));
+}
+
+TEST(KtFile, TellsWhatCantBeOpened)
+{
+    std::filesystem::create_directories("folder");
+    const struct {
+        const char * path;
+        const char * mode;
+    } cases[] = {{"missing.txt", "r"}, {"folder", "r"},      {"folder", "w"},          {"", "r"},
+                 {"missing.txt", ""},  {"missing.txt", "?"}, {"no/such/folder/x", "w"}};
+    for (const auto & each : cases) {
+        transcript lines;
+        kt_file file(pathname(each.path));
+        lines.take();
+        EXPECT_EQ(file.open(each.mode), 250) << each.path;
+        std::string all = lines.take();
+        const std::string error = all.substr(all.find("errno =\t") + 8);
+        EXPECT_NE(error.front(), '0') << all;
+        const std::string name = each.path;
+        EXPECT_EQ(all, call_of("kt_file::open",
+                               "T[W] kt_file::open opening " + name + " file with mode " + each.mode +
+                                   "\nT[E] kt_file::open Error opening -->" + name + "<-- file\n" +
+                                   "L MSG0017 [F] Error opening the file " + name + ", errno =\t" +
+                                   error.substr(0, error.find('\n') + 1),
+                               "quit 250"));
+        EXPECT_EQ(file.file_size(), 0);
+    }
+}
+
+TEST(KtFile, SaysWhenItIsNotOpen)
+{
+    kt_file file(pathname("x"));
+    ustring line("kept");
+    long position = 7;
+    char byte = 0;
+    const struct {
+        const char * name;
+        std::function<int()> call;
+        int result;
+        const char * end;
+    } cases[] = {
+        {"kt_file::seek", [&] { return file.seek(0, 0); }, 255, "quit 255"},
+        {"kt_file::get_pos", [&] { return file.get_pos(&position); }, 255, "quit 255"},
+        {"kt_file::write", [&] { return file.write(line); }, 255, "quit 255"},
+        {"kt_file::write(b,s)", [&] { return file.write(&byte, 1); }, 255, "quit 255"},
+        {"kt_file:read", [&] { return file.read(&byte, 1, 1); }, 255, "quit 255"},
+        {"kt_file:read", [&] { return static_cast<int>(file.read(&byte, 1)); }, 0, "quit 0"},
+        {"kt_file::get_line", [&] { return file.get_line(line); }, 0, "quit"},
+    };
+    for (const auto & each : cases) {
+        transcript lines;
+        EXPECT_EQ(each.call(), each.result);
+        EXPECT_EQ(lines.take(),
+                  call_of(each.name, std::string("T[F] ") + each.name + " file <x> not open\n" + not_open,
+                          each.end));
+    }
+    EXPECT_EQ(position, 7);
+    EXPECT_EQ(text_of(line), "kept");
+}
+
+TEST(KtFile, ReadsAndSeeks)
+{
+    write_file("data.txt", "one\r\ntwo\n\nlast");
+    kt_file file(pathname("data.txt"));
+    EXPECT_EQ(file.open("r"), 0);
+    transcript lines(1);
+    ustring line;
+    for (const char * const expected : {"one", "two", "", "last"}) {
+        EXPECT_TRUE(file.get_line(line));
+        EXPECT_EQ(text_of(line), expected);
+    }
+    EXPECT_FALSE(file.get_line(line));
+    EXPECT_EQ(text_of(line), "last");
+    EXPECT_EQ(lines.take(), "T[I] kt_file::get_line read line one\nT[I] kt_file::get_line read line two\n"
+                            "T[I] kt_file::get_line read line \nT[I] kt_file::get_line read line last\n");
+    long position = 0;
+    EXPECT_EQ(file.seek(5, SEEK_SET), 0);
+    EXPECT_TRUE(file.get_line(line));
+    EXPECT_EQ(file.get_pos(&position), 0);
+    EXPECT_EQ(position, 9);
+
+    char buffer[16] = {};
+    EXPECT_EQ(file.seek(-4, SEEK_END), 0);
+    EXPECT_EQ(file.read(buffer, 2, 2), 0);
+    EXPECT_EQ(std::string(buffer, 4), "last");
+    lines.take();
+    EXPECT_EQ(file.read(buffer, 8), 0U);
+    EXPECT_EQ(lines.take(), "");
+    EXPECT_EQ(file.seek(-3, SEEK_END), 0);
+    lines.take();
+    EXPECT_EQ(file.read(buffer, 1, 5), 254);
+    EXPECT_EQ(std::string(buffer, 3), "ast");
+    EXPECT_EQ(lines.take(), "T[F] kt_file:read Error reading from data.txt file. count = 5, read_bytes =3\n"
+                            "L MSG0037 [F] System error reading 5 bytes from file data.txt. Read 3 bytes.\n");
+    EXPECT_EQ(file.seek(-1, SEEK_SET), 253);
+    EXPECT_EQ(lines.take(), "T[W] kt_file::seek seeking in data.txt file. offset is -1 origin is 0\n"
+                            "T[E] kt_file::seek Error seeking in file data.txt at offset -1 from origin 0\n"
+                            "L MSG0019 [F] Error seeking in the file data.txt to offset -1 from origin 0.\n");
+    EXPECT_EQ(file.close(), 0);
+}
+
+TEST(KtFile, Writes)
+{
+    kt_file file;
+    file.set_file_name("out.bin");
+    EXPECT_EQ(file.open("wb"), 0);
+    const std::string bytes("caf\xC3\xA9 \xE9 \0 z", 11);
+    EXPECT_EQ(file.write(from_bytes(bytes)), 0);
+    EXPECT_EQ(file.write(ustring()), 0);
+    EXPECT_EQ(file.write("\n!", 2), 0);
+    EXPECT_EQ(file.file_size(), 0);
+    EXPECT_EQ(file.open("ab"), 0); // the first stream is closed without a word
+    EXPECT_EQ(file.file_size(), 13);
+    EXPECT_EQ(file.close(), 0);
+    EXPECT_EQ(read_file("out.bin"), bytes + "\n!");
+
+    EXPECT_EQ(file.open("rb"), 0);
+    transcript lines(1);
+    EXPECT_EQ(file.write("abc", 3), 251);
+    const std::string written = lines.take();
+    EXPECT_EQ(written.find("T[F] kt_file::write(b,s) error writing to file out.bin. written is 0, errno is "),
+              0U);
+    EXPECT_NE(
+        written.find("\nL MSG0018 [F] Error writing to file out.bin. Written bytes were 0, to write 3.\n"),
+        std::string::npos);
+    EXPECT_EQ(file.write(ustring("\xC3\xA9")), 251);
+    EXPECT_EQ(lines.take(),
+              "T[F] kt_file::write error writing to file out.bin. written is 0\n"
+              "L MSG0018 [F] Error writing to file out.bin. Written bytes were 0, to write 2.\n");
+    EXPECT_EQ(file.close(), 0); // told already
+}
+
+TEST(KtFile, MovesAndRemoves)
+{
+    write_file("from.txt", "new");
+    write_file("to.txt", "old");
+    transcript lines;
+    kt_file file(pathname("from.txt"));
+    lines.take();
+    EXPECT_EQ(file.copy_to("to.txt"), 0);
+    EXPECT_EQ(lines.take(), call_of("kt_file::copy_to",
+                                    "T[W] kt_file::copy_to renaming file <from.txt> to <to.txt>\n"
+                                    "T[W] kt_file::copy_to remove done with rc=0, errno=0\n",
+                                    "0"));
+    EXPECT_EQ(read_file("to.txt") + read_file("from.txt"), "new(no file)");
+    EXPECT_EQ(file.copy_to("to.txt"), 6); // what was there is gone
+    EXPECT_EQ(lines.take(),
+              call_of("kt_file::copy_to",
+                      "T[W] kt_file::copy_to renaming file <from.txt> to <to.txt>\n"
+                      "T[W] kt_file::copy_to remove done with rc=0, errno=0\n"
+                      "T[E] kt_file::copy_to Rename failed with rc=-1, errno=2\n"
+                      "L MSG0016 [E] The execution of the command to.txt returned rc -1, errno = 2\n",
+                      "quit 6"));
+    EXPECT_EQ(file.removef(), 0);
+    EXPECT_EQ(lines.take(), call_of("kt_file::removef", "", "0"));
+
+    std::filesystem::create_directories("kept");
+    file.set_file_name("kept");
+    EXPECT_EQ(file.removef(), 257);
+    const std::string text = lines.take();
+    EXPECT_NE(text.find("\nT[E] kt_file::removef error removing file kept. rc = -1, errno = "),
+              std::string::npos);
+    EXPECT_NE(text.find("\nL MSG0045 [W] An error has been encountered removing the file kept. Errno was "),
+              std::string::npos);
+    EXPECT_EQ(text.find("QUITTING"), std::string::npos);
+    EXPECT_TRUE(std::filesystem::exists("kept"));
+}
+
+TEST(KtFile, TakesNamesOutsideAscii)
+{
+    kt_file file(pathname("caf\xC3\xA9.txt"));
+    EXPECT_EQ(file.open("w"), 0);
+    EXPECT_EQ(file.close(), 0);
+    EXPECT_EQ(kt_chkfile("caf\xC3\xA9.txt"), 1);
+    EXPECT_EQ(file.copy_to("\xC3\xBC.txt"), 0);
+    EXPECT_EQ(kt_chkfile("caf\xC3\xA9.txt"), 0);
+    file.set_file_name("\xC3\xBC.txt");
+    EXPECT_EQ(file.removef(), 0);
+    EXPECT_EQ(kt_chkfile("\xC3\xBC.txt"), 0);
+}
+
+/// What a full disk and a lost descriptor leave behind, where the system has them.
+TEST(KtFile, KeepsTheStreamWhenClosingFails)
+{
+    kt_file full(pathname("/dev/full"));
+    if (kt_chkfile("/dev/full") == 0)
+        GTEST_SKIP() << "no such device here";
+    EXPECT_EQ(full.open("w"), 0);
+    EXPECT_EQ(full.write("x", 1), 0);
+    transcript lines(3);
+    EXPECT_EQ(full.close(), 252);
+    EXPECT_EQ(lines.take(), "T[E] kt_file::close Error closing /dev/full\n"
+                            "L MSG0020 [F] Error closing the file /dev/full\n");
+    EXPECT_EQ(full.write("x", 1), 0); // still open
+    EXPECT_EQ(full.close(), 252);
+    EXPECT_EQ(full.write(std::string(100000, 'x').c_str(), 100000), 251);
+}
+
+} // namespace

@@ -1,0 +1,67 @@
+#include "support.h"
+
+#include <cstdlib>
+
+using namespace orvet;
+using namespace orvet_test;
+
+namespace {
+
+TEST(Usprintf, ReplacesInOrderAndSearchesAnew)
+{
+    ustring out("before");
+    const auto formatted = [&](const char * format, const auto &... args) {
+        const int length = usprintf(out, format, args...);
+        EXPECT_EQ(length, static_cast<int>(out.length()));
+        return text_of(out);
+    };
+    EXPECT_EQ(formatted(""), "");
+    EXPECT_EQ(formatted("plain"), "plain");
+    EXPECT_EQ(formatted("%s%s%s", "[", "key", "]"), "[key]");
+    EXPECT_EQ(formatted("invalid server number [%d]: valid range is [1..%d]", 9, 3),
+              "invalid server number [9]: valid range is [1..3]");
+    EXPECT_EQ(formatted("%d|%d", -2147483647 - 1, 99999999999L), "-2147483648|2147483647");
+    EXPECT_EQ(formatted("%s %s", "a %d b", 7), "a 7 b %s"); // a replaced text is searched like the rest
+    EXPECT_EQ(formatted("100% %x %d%", 5), "100% %x 5%");
+    EXPECT_EQ(formatted("%d then %s", "text"), "%d then text"); // a conversion that does not fit stays
+    EXPECT_EQ(formatted("%s %s", "one"), "one %s");
+    EXPECT_EQ(formatted("<%s>", static_cast<const char *>(nullptr)), "<>");
+    out = "self";
+    EXPECT_EQ(formatted("%s and %s", out, pathname("p\xE9")), "self and p\xE9");
+}
+
+TEST(Chkfile, TellsWhetherAFileExists)
+{
+    write_file("there.txt", "");
+    transcript lines;
+    EXPECT_EQ(kt_chkfile("there.txt"), 1);
+    EXPECT_EQ(kt_chkfile("."), 1);
+    EXPECT_EQ(kt_chkfile("not there"), 0);
+    EXPECT_EQ(kt_chkfile(""), 0);
+    EXPECT_EQ(lines.take(), "T[C] kt_chkfile >>>> ENTRY>>>>>\nT[C] kt_chkfile >>>> ENTRY>>>>>\n"
+                            "T[C] kt_chkfile >>>> ENTRY>>>>>\nT[C] kt_chkfile >>>> ENTRY>>>>>\n");
+    pathname path;
+    path = from_bytes(std::string("there.txt\0x", 11));
+    EXPECT_EQ(kt_chkfile(path), 0); // not the file in front of the zero
+}
+
+TEST(Heapdump, WalksTheHeapOrSaysThatThereIsNone)
+{
+    const std::string panic = "PANIC - heapdump() called \n";
+    const std::string status = printed_by([] { heapdump(nullptr); });
+    EXPECT_EQ(status.find(panic), 0U);
+    const bool walked = status.find("Status=OK\n") != std::string::npos;
+    EXPECT_TRUE(walked || status == panic + "OK - empty heap\n") << status;
+
+    void * const block = std::malloc(5000);
+    EXPECT_EQ(printed_by([] { heapdump("heap.txt"); }), panic);
+    std::free(block);
+    const std::string dump = read_text("heap.txt");
+    EXPECT_EQ(dump.find("  USED block at ") != std::string::npos, walked);
+    EXPECT_EQ(
+        dump.substr(dump.rfind('\n', dump.size() - 2) + 1).find(walked ? "MemUsed=(" : "OK - empty heap\n"),
+        0U);
+    EXPECT_EQ(printed_by([] { heapdump("no/such/directory/heap.txt"); }).find(panic), 0U);
+}
+
+} // namespace
