@@ -115,7 +115,7 @@ char * format_message(const char * format, const argument * arguments, std::size
     std::size_t taken = 0;
     while (!out.full()) {
         const conversion next = next_conversion(format);
-        if (!next.begin) {
+        if (!next.found) {
             out.put(format, std::strlen(format));
             break;
         }

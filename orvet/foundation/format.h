@@ -41,7 +41,8 @@ concept format_argument = text_argument<T> || std::integral<T>;
 /// The conversions of the library's formats: %s for texts; %d, %i, %u, %x, %X and %c for whole numbers, with
 /// width, precision and the sizes hh, h, l and ll; and the bare %l, which is %ld. %% is a percent sign.
 struct conversion {
-    const char * begin; ///< its "%"; null when there is no further one
+    bool found;         ///< false when there is no further one
+    const char * begin; ///< its "%"
     const char * end;   ///< behind its last character
     char size;          ///< 'H' for hh, 'h', 'l', 'L' for ll, or 0
     char kind;          ///< the last letter; 0 for one that is unknown or ends too soon
@@ -58,7 +59,7 @@ constexpr conversion next_conversion(const char * format)
     while (*format && *format != '%')
         ++format;
     if (!*format)
-        return {nullptr, nullptr, 0, 0};
+        return {false, format, format, 0, 0};
     const char * at = format + 1;
     while (among(*at, "-+ #0123456789."))
         ++at;
@@ -71,10 +72,10 @@ constexpr conversion next_conversion(const char * format)
         }
     }
     if (among(*at, size == 0 ? "sdiuxXc%" : "diuxX"))
-        return {format, at + 1, size, *at};
+        return {true, format, at + 1, size, *at};
     if (size == 'l')
-        return {format, at, size, 'd'};
-    return {format, at, size, 0};
+        return {true, format, at, size, 'd'};
+    return {true, format, at, size, 0};
 }
 
 /// A format that is held against the types of its arguments when it is compiled.
@@ -85,7 +86,7 @@ public:
     {
         constexpr bool is_text[] = {text_argument<Args>..., false};
         std::size_t taken = 0;
-        for (conversion next = next_conversion(text); next.begin; next = next_conversion(next.end)) {
+        for (conversion next = next_conversion(text); next.found; next = next_conversion(next.end)) {
             if (next.kind == 0)
                 throw "the format holds a conversion that is not supported";
             if (next.kind == '%')
