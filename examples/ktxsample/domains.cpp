@@ -1,9 +1,133 @@
+// The life of a scan result file in a tool: open it, find the topology, load the domains and the place of
+// their targets, then read the targets of any domain by seeking.
+
 #include "ktxsample.h"
 
 #include <cstdio>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+/// The log file, and beside it what the operator should see on the screen: the warnings and errors.
+class log_with_notes : public orvet::trace_stream {
+public:
+    int writeline(const char * line) override
+    {
+        const char * const message = std::strstr(line, "MSG");
+        if (message && (std::strstr(message, " [E] ") || std::strstr(message, " [W] ")))
+            notes += std::string("  ") + message;
+        return file_.writeline(line);
+    }
+
+    static inline std::string notes;
+
+private:
+    orvet::stdio_trace_stream file_{"ktx1.log"};
+};
+
+/// Prints the domains of a topology as a tree, each with the entries of its target section.
+class domain_tree {
+public:
+    domain_tree(orvet::kt_file & file, const orvet::vector & topv)
+        : file_(file), topv_(topv), shown_(topv.size())
+    {
+    }
+
+    void show()
+    {
+        // First what depends on nothing, then what two domains that name each other keep from being reached.
+        for (unsigned i = 0; i < topv_.size(); ++i)
+            if (depends_on_nothing(domain(i)))
+                show(i, 0);
+        for (unsigned i = 0; i < topv_.size(); ++i)
+            show(i, 0);
+    }
+
+private:
+    const orvet::top_entry & domain(unsigned i) const
+    {
+        return static_cast<const orvet::top_entry &>(*topv_[i]);
+    }
+
+    static bool depends_on_nothing(const orvet::top_entry & domain)
+    {
+        const orvet::ustring & path = domain.dep_path.text();
+        return path.length() == 0 || path == orvet::build_server_rr(domain.domain_name);
+    }
+
+    void show(unsigned index, unsigned depth)
+    {
+        if (shown_[index])
+            return;
+        shown_[index] = true;
+        const orvet::top_entry & parent = domain(index);
+        const auto & section = static_cast<const orvet::sof_entry &>(*parent.trg_sect_info[0]);
+        const std::string margin(2U * depth, ' ');
+        const std::string name = margin + parent.domain_name.mbcs_str();
+        std::printf("%-24s %3d targets  %s\n", name.c_str(), section.sect_count, parent.dep_path.mbcs_str());
+        show_targets(section, margin + "   ");
+
+        // The path of a domain begins with the server that it depends on.
+        orvet::pathname begin;
+        begin = orvet::build_server_rr(parent.domain_name);
+        begin += "/";
+        const unsigned length = begin.text().length();
+        for (unsigned i = 0; i < topv_.size(); ++i)
+            if (domain(i).dep_path.text().compare(0, length, begin.text(), 0, length, 0) == 0)
+                show(i, depth + 1);
+    }
+
+    void show_targets(const orvet::sof_entry & section, const std::string & margin)
+    {
+        constexpr std::size_t width = 100;
+        if (file_.seek(section.sect_offset, SEEK_SET) != 0)
+            return;
+        std::string row = margin;
+        orvet::ustring entry;
+        for (int i = 0; i < section.sect_count && file_.get_line(entry); ++i) {
+            if (row.size() > margin.size() && row.size() + entry.mbcs_length() > width) {
+                std::printf("%s\n", row.c_str());
+                row = margin;
+            }
+            row += std::string(" ") + entry.mbcs_str() + ";";
+        }
+        if (row.size() > margin.size())
+            std::printf("%s\n", row.c_str());
+    }
+
+    orvet::kt_file & file_;
+    const orvet::vector & topv_;
+    std::vector<bool> shown_;
+};
+
+} // namespace
 
 int show_domains(const orvet::input_parms & ip)
 {
-    std::printf("%s\n", ip.ip_input_file().mbcs_str());
-    return 0;
+    orvet::trace::set_stream(orvet::log::wa(), new log_with_notes);
+    orvet::kt_file file(ip.ip_input_file());
+    orvet::vector topv;
+    orvet::ustring server;
+    short rc = file.open("r");
+    if (rc == 0)
+        rc = file.find_section("[topology]");
+    if (rc == 0)
+        rc = file.load_top(server, topv);
+    if (rc == 0)
+        rc = file.load_offsets(topv);
+
+    if (rc == 0 && topv.size() != 0) {
+        std::printf("%s: server %s, %u domains\n\n", ip.ip_input_file().mbcs_str(), server.mbcs_str(),
+                    topv.size());
+        domain_tree(file, topv).show();
+    } else {
+        std::printf("%s: no domains could be read, code %d\n", ip.ip_input_file().mbcs_str(), rc);
+    }
+    if (!log_with_notes::notes.empty())
+        std::printf("\nTold to the operator:\n%s", log_with_notes::notes.c_str());
+    std::printf("\nTrace and log went to %s\n", orvet::environment::kt_inst_path().mbcs_str());
+    file.close();
+    return rc == 0 ? 0 : 1;
 }
