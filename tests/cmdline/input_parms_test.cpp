@@ -1,33 +1,13 @@
 #include "support.h"
 
-#include <array>
-#include <cstring>
+#include <sstream>
 
 using namespace orvet;
 using namespace orvet_test;
 
 namespace {
 
-/// A command line in writable strings, as a process gets it.
-class command_line {
-public:
-    explicit command_line(const std::vector<std::string> & words) : words_(words)
-    {
-        for (std::string & word : words_)
-            argv_.push_back(word.data());
-        argv_.push_back(nullptr);
-    }
-    int argc() const { return static_cast<int>(words_.size()); }
-    char ** argv() { return argv_.data(); }
-    std::string word(std::size_t i) const { return words_[i].c_str(); }
-
-private:
-    std::vector<std::string> words_;
-    std::vector<char *> argv_;
-};
-
-std::string marks(const input_parms & ip)
-{
+std::string marks(const input_parms & ip) {
     std::string set;
     for (int i = 0; ip_names[i]; ++i)
         if (ip.ip(ip_names[i]))
@@ -35,11 +15,25 @@ std::string marks(const input_parms & ip)
     return set;
 }
 
+/// Gives the words of a line, "''" for an empty one, to a record; then "code | marks | printed".
+std::string outcome(input_parms & ip, const std::string & line, std::string * words_afterwards = nullptr) {
+    std::vector<std::string> words;
+    std::istringstream in(line);
+    for (std::string word; in >> word;) words.push_back(word == "''" ? "" : word);
+    std::vector<char *> argv;
+    for (std::string & word : words) argv.push_back(word.data());
+    short code = -1;
+    const std::string printed =
+        printed_by([&] { code = ip.get_ips(static_cast<int>(argv.size()), argv.data()); });
+    if (words_afterwards)
+        for (const std::string & word : words) *words_afterwards += word + " ";
+    return std::to_string(code) + " | " + marks(ip) + " | " + printed;
+}
+
 class InputParms : public testing::Test {
 protected:
     // The class-level values outlive every object, and so every test.
-    ~InputParms() override
-    {
+    ~InputParms() override {
         input_parms::ip_op_sys() = "UVX";
         input_parms::ip_base_cmd() = "";
         input_parms::ip_file_name() = "";
@@ -48,8 +42,7 @@ protected:
     }
 };
 
-TEST_F(InputParms, StartsWithItsDefaults)
-{
+TEST_F(InputParms, StartsWithItsDefaults) {
     const input_parms ip;
     EXPECT_EQ(marks(ip), "");
     EXPECT_EQ(ip.ip_log_level(), 0);
@@ -63,118 +56,68 @@ TEST_F(InputParms, StartsWithItsDefaults)
     EXPECT_EQ(ip.ip("-nosuch"), 0);
 }
 
-constexpr const char * text_options[] = {"-rcmd", "-trg", "-cmd",  "-key", "-usr",   "-prf",  "-gp",
-                                         "-tool", "-srv", "-pro",  "-gfn", "-resgf", "-ftok", "-ini",
-                                         "-top",  "-obj", "-file", "-dir", "-odir",  "-vxai"};
-
-std::string value_of(const input_parms & ip, const std::string & option)
-{
-    const ustring & text = option == "-rcmd"    ? ip.ip_base_cmd()
-                           : option == "-trg"   ? ip.ip_trg_name()
-                           : option == "-cmd"   ? ip.ip_cmd()
-                           : option == "-key"   ? ip.ip_key()
-                           : option == "-usr"   ? ip.ip_usr_name()
-                           : option == "-prf"   ? ip.ip_prf_name()
-                           : option == "-gp"    ? ip.ip_grp_name()
-                           : option == "-tool"  ? ip.ip_tool_name()
-                           : option == "-srv"   ? ip.ip_srv_name()
-                           : option == "-pro"   ? ip.ip_pro_name()
-                           : option == "-gfn"   ? ip.ip_gfn_name()
-                           : option == "-resgf" ? ip.ip_resgf_name()
-                           : option == "-ftok"  ? ip.ip_tokens_file()
-                           : option == "-ini"   ? ip.ip_file_name().text()
-                           : option == "-top"   ? ip.ip_top_root().text()
-                           : option == "-obj"   ? ip.ip_obj_file_name().text()
-                           : option == "-file"  ? ip.ip_input_file().text()
-                           : option == "-dir"   ? ip.ip_input_dir().text()
-                           : option == "-odir"  ? ip.ip_out_dir().text()
-                                                : ip.ip_vxa_images().text();
-    return text_of(text);
+TEST_F(InputParms, EveryValueReachesItsOwnField) {
+    using ip = input_parms;
+    const std::pair<const char *, const ustring & (input_parms::*)() const> texts[] = {
+        {"-trg", &ip::ip_trg_name},   {"-cmd", &ip::ip_cmd},          {"-key", &ip::ip_key},
+        {"-usr", &ip::ip_usr_name},   {"-prf", &ip::ip_prf_name},     {"-gp", &ip::ip_grp_name},
+        {"-tool", &ip::ip_tool_name}, {"-srv", &ip::ip_srv_name},     {"-pro", &ip::ip_pro_name},
+        {"-gfn", &ip::ip_gfn_name},   {"-resgf", &ip::ip_resgf_name}, {"-ftok", &ip::ip_tokens_file}};
+    const std::pair<const char *, const pathname & (input_parms::*)() const> paths[] = {
+        {"-top", &ip::ip_top_root},  {"-obj", &ip::ip_obj_file_name}, {"-file", &ip::ip_input_file},
+        {"-dir", &ip::ip_input_dir}, {"-odir", &ip::ip_out_dir},      {"-vxai", &ip::ip_vxa_images}};
+    input_parms all;
+    std::string line = "tool -rcmd Base -ini File";
+    for (const auto & [option, get] : texts) line += std::string(" ") + option + " Value\xE9" + option;
+    for (const auto & [option, get] : paths) line += std::string(" ") + option + " Value\xE9" + option;
+    outcome(all, line);
+    for (const auto & [option, get] : texts)
+        EXPECT_EQ(text_of((all.*get)()), std::string("Value\xE9") + option);
+    for (const auto & [option, get] : paths)
+        EXPECT_EQ(text_of((all.*get)().text()), std::string("Value\xE9") + option);
+    EXPECT_EQ(text_of(ip::ip_base_cmd()) + text_of(ip::ip_file_name().text()), "BaseFile");
 }
 
-TEST_F(InputParms, EveryTextOptionReachesItsOwnField)
-{
-    for (const std::string option : text_options) {
-        input_parms ip;
-        command_line line({"tool", option, "Value \xE9" + option});
-        EXPECT_EQ(ip.get_ips(line.argc(), line.argv()), 0);
-        EXPECT_EQ(marks(ip), option);
-        for (const char * const other : text_options) {
-            const bool kept =
-                other == option || other == std::string("-rcmd") || other == std::string("-ini");
-            EXPECT_TRUE(kept || value_of(ip, other).empty()) << option << " in " << other;
-        }
-        EXPECT_EQ(value_of(ip, option), "Value \xE9" + option);
-    }
-}
-
-TEST_F(InputParms, ReadsCommandLines)
-{
-    const struct {
-        std::vector<std::string> words;
-        short code;
-        const char * printed;
-        const char * marks;
-    } cases[] = {
-        {{}, 0, "", ""},
-        {{"-log"}, 0, "", ""},
-        {{"tool", "-LOG", "3", "-trcfoo", "2", "-forced"}, 0, "", "-log -trc -force"},
-        {{"tool", "-log", "1", "-log", "3", "-trc", "2"}, 0, "", "-log -trc"},
-        {{"tool", "-log", "3x", "-trc", "2", "-uvxp", "-gh", "-gt"}, 0, "", "-log -trc -uvxp -gh -gt"},
-        {{"tool", "-USRX"}, 15, "MSGI0005 [F] No value specified for option -usrx.\n", ""},
-        {{"tool", "-force", "-key"}, 15, "MSGI0005 [F] No value specified for option -key.\n", "-force"},
-        {{"tool", "File"}, 1, "MSGI0004 [F] The option file is not supported.\n", ""},
-        {{"tool", "-tool", "x", ""}, 1, "MSGI0004 [F] The option  is not supported.\n", "-tool"},
-        {{"tool", "-tobj", "PROC", "-lo"}, 1, "MSGI0004 [F] The option -lo is not supported.\n", "-tobj"},
-        {{"tool", "-osys", "uvx", "-log", "3"},
-         16,
-         "MSGI0006 [F] The oprating system specified (uvx) is invalid.\n",
-         "-osys"},
-        {{"tool", "-tobj", "PROCEDURE", "-log", "3"},
-         17,
-         "MSGI0006 [F] The object type specified (PROCEDURE) is invalid.\n",
-         "-tobj"},
-        {{"tool", "-ret", "OK", "-log", "3", "-trc", "2"},
-         0,
-         "MSGI0010 [F] The value specified for the -ret option is incorrect. The err value is used as "
-         "default.\n",
-         "-log -trc -ret"},
-        {{"tool", "-type", "plan", "-log", "3", "-trc", "2"},
-         0,
-         "MSGI0011 [F] The value specified for the -type option is incorrect. Allowed values are GEN, "
-         "ZR7CID, "
-         "WINCID, BRD2, PROCEDURE and PLAN.\n",
-         "-log -trc -type"},
+TEST_F(InputParms, ReadsCommandLines) {
+    const char * const cases[][2] = {
+        {"", "0 |  | "},
+        {"-log", "0 |  | "},
+        {"tool -LOG 3 -trcfoo 2 -forced", "0 | -log -trc -force | "},
+        {"tool -log 1 -log 3x -trc 2", "0 | -log -trc | "},
+        {"tool -uvxp -gh -gt -force", "0 | -uvxp -force -gh -gt | "},
+        {"tool -USRX", "15 |  | MSGI0005 [F] No value specified for option -usrx.\n"},
+        {"tool -force -key", "15 | -force | MSGI0005 [F] No value specified for option -key.\n"},
+        {"tool File", "1 |  | MSGI0004 [F] The option file is not supported.\n"},
+        {"tool -tool x ''", "1 | -tool | MSGI0004 [F] The option  is not supported.\n"},
+        {"tool -lo", "1 |  | MSGI0004 [F] The option -lo is not supported.\n"},
+        {"tool -osys uvx -log 3",
+         "16 | -osys | MSGI0006 [F] The oprating system specified (uvx) is invalid.\n"},
+        {"tool -tobj PROCEDURE -log 3",
+         "17 | -tobj | MSGI0006 [F] The object type specified (PROCEDURE) is invalid.\n"},
+        {"tool -ret OK -log 3 -trc 2",
+         "0 | -log -trc -ret | MSGI0010 [F] The value specified for the -ret option "
+         "is incorrect. The err value is used as default.\n"},
+        {"tool -type plan -log 3 -trc 2", "0 | -log -trc -type | MSGI0011 [F] The value specified for the "
+                                          "-type option is incorrect. Allowed values "
+                                          "are GEN, ZR7CID, WINCID, BRD2, PROCEDURE and PLAN.\n"},
     };
-    for (const auto & each : cases) {
+    for (const auto & [line, expected] : cases) {
         input_parms ip;
-        command_line line(each.words);
-        short code = -1;
-        EXPECT_EQ(printed_by([&] { code = ip.get_ips(line.argc(), line.argv()); }), each.printed);
-        EXPECT_EQ(code, each.code) << each.printed;
-        EXPECT_EQ(marks(ip), each.marks);
-        if (ip.ip("-trc")) {
-            EXPECT_EQ(ip.ip_log_level(), 3);
-            EXPECT_EQ(ip.ip_trace_level(), 2);
-        }
+        EXPECT_EQ(outcome(ip, line), expected) << line;
+        if (ip.ip("-trc"))
+            EXPECT_EQ(ip.ip_log_level() * 10 + ip.ip_trace_level(), 32) << line;
     }
     EXPECT_EQ(text_of(input_parms::ip_op_sys()), ""); // wiped, not back at its default
     EXPECT_EQ(input_parms::ip_t_global(), 1);
-}
 
-TEST_F(InputParms, OptionWordsAreLoweredWhereTheyStand)
-{
     input_parms ip;
-    command_line line({"Tool", "-LOG", "-TRC", "-INI", "Mixed/Case", "-FORCE"});
-    EXPECT_EQ(ip.get_ips(line.argc(), line.argv()), 0);
-    EXPECT_EQ(line.word(0) + line.word(1) + line.word(2) + line.word(3) + line.word(4) + line.word(5),
-              "Tool-log-TRC-iniMixed/Case-force");
-    EXPECT_EQ(ip.ip_log_level(), 0); // from the text "-TRC"
-    EXPECT_EQ(text_of(input_parms::ip_file_name().text()), "Mixed/Case");
+    std::string words;
+    outcome(ip, "Tool -LOG -TRC -INI Mixed/Case -FORCE", &words);
+    EXPECT_EQ(words, "Tool -log -TRC -ini Mixed/Case -force "); // option words are lowered where they stand
+    EXPECT_EQ(ip.ip_log_level(), 0);                            // from the text "-TRC"
 }
 
-TEST_F(InputParms, KeywordsAreOneOfASet)
-{
+TEST_F(InputParms, KeywordsAreOneOfASet) {
     const struct {
         void (input_parms::*set)(const char *);
         std::vector<std::string> accepted;
@@ -210,8 +153,7 @@ TEST_F(InputParms, KeywordsAreOneOfASet)
     }
 }
 
-TEST_F(InputParms, ClassLevelValuesAreSharedAndMarksAreNot)
-{
+TEST_F(InputParms, ClassLevelValuesAreSharedAndMarksAreNot) {
     input_parms first, second;
     first.set_ip_base_cmd("dummy dir");
     first.set_ip_log_level("abc");
@@ -223,8 +165,7 @@ TEST_F(InputParms, ClassLevelValuesAreSharedAndMarksAreNot)
     EXPECT_EQ(first.ip_log_level(), 0);
 }
 
-TEST_F(InputParms, ValidatesAgainstTwoLists)
-{
+TEST_F(InputParms, ValidatesAgainstTwoLists) {
     using list = std::vector<const char *>;
     const struct {
         std::vector<const char *> given;
@@ -254,8 +195,7 @@ TEST_F(InputParms, ValidatesAgainstTwoLists)
     };
     for (auto each : cases) {
         input_parms ip;
-        for (const char * const name : each.given)
-            ip.set_ip(name);
+        for (const char * const name : each.given) ip.set_ip(name);
         each.mandatory.push_back(nullptr);
         each.allowed.push_back(nullptr);
         EXPECT_EQ(printed_by([&] {
@@ -266,19 +206,15 @@ TEST_F(InputParms, ValidatesAgainstTwoLists)
 }
 
 /// A profile as "mandatory | allowed".
-std::string text_of(const option_profile & profile)
-{
+std::string text_of(const option_profile & profile) {
     std::string text;
-    for (const char * const * name = profile.mandatory; *name; ++name)
-        text += *name;
+    for (const char * const * name = profile.mandatory; *name; ++name) text += *name;
     text += "|";
-    for (const char * const * name = profile.allowed; *name; ++name)
-        text += *name;
+    for (const char * const * name = profile.allowed; *name; ++name) text += *name;
     return text;
 }
 
-TEST(OptionTable, HasTheProfilesOfTheTools)
-{
+TEST(OptionTable, HasTheProfilesOfTheTools) {
     const char * const expected[] = {
         "-ini-tool|-log-trc-osys-rcmd-tobj-uvxp-obj",
         "-ini-tool|-log-trc-osys-rcmd-trg-gh-obj",
@@ -304,8 +240,7 @@ TEST(OptionTable, HasTheProfilesOfTheTools)
         EXPECT_EQ(text_of(ip_profiles[i]), expected[i]) << "profile " << i + 1;
 }
 
-TEST(SetUp, AppliesSizesAndLevels)
-{
+TEST(SetUp, AppliesSizesAndLevels) {
     transcript lines(0, 0); // restores the channels
     input_parms ip;
     ip.set_ip_log_level("1");
@@ -337,9 +272,6 @@ const scenario channel_sizes("channel_sizes", [] {
                 trace::level(orvet::log::wa()), trace::level(system_trace::wa()));
 });
 
-TEST(SetUp, TakesTheEnvironmentsDefaults)
-{
-    EXPECT_EQ(run_scenario("channel_sizes"), "7 8 3 -4\n");
-}
+TEST(SetUp, TakesTheEnvironmentsDefaults) { EXPECT_EQ(run_scenario("channel_sizes"), "7 8 3 -4\n"); }
 
 } // namespace

@@ -11,8 +11,7 @@ constexpr char not_open[] =
     "L MSG0001 [F] A read/write operation has been attempted toa file that is not open\n";
 
 /// The lines of one call: entry, its own lines, return line and exit. `T` in `own` stands for "T[X] name".
-std::string call_of(const std::string & name, const std::string & own, const std::string & end)
-{
+std::string call_of(const std::string & name, const std::string & own, const std::string & end) {
     const std::string call = "T[C] " + name + " ";
     std::string lines = call + ">>>> ENTRY>>>>>\n" + own;
     if (end.find("quit") != std::string::npos)
@@ -23,16 +22,14 @@ std::string call_of(const std::string & name, const std::string & own, const std
     return lines + call + "<<<<<<<<<< EXIT\n";
 }
 
-std::string seek_lines(const std::string & file, long offset, int origin)
-{
+std::string seek_lines(const std::string & file, long offset, int origin) {
     return call_of("kt_file::seek",
                    "T[W] kt_file::seek seeking in " + file + " file. offset is " + std::to_string(offset) +
                        " origin is " + std::to_string(origin) + "\n",
                    "0");
 }
 
-TEST(KtFile, OpensMeasuresAndCloses)
-{
+TEST(KtFile, OpensMeasuresAndCloses) {
     write_file("ten.txt", "0123456789");
     transcript lines;
     kt_file file(pathname("ten.txt"));
@@ -54,8 +51,7 @@ TEST(KtFile, OpensMeasuresAndCloses)
     EXPECT_EQ(lines.take(), closing);
 }
 
-TEST(KtFile, LiesInTheInstallationDirectoryByABareName)
-{
+TEST(KtFile, LiesInTheInstallationDirectoryByABareName) {
     transcript lines;
     const kt_file file{ustring("/a.txt")};
     EXPECT_EQ(text_of(const_cast<kt_file &>(file).file_name().text()),
@@ -63,8 +59,7 @@ TEST(KtFile, LiesInTheInstallationDirectoryByABareName)
     EXPECT_EQ(lines.take(), call_of("kt_file(file_name)", "", ""));
 }
 
-TEST(KtFile, TellsWhatCantBeOpened)
-{
+TEST(KtFile, TellsWhatCantBeOpened) {
     std::filesystem::create_directories("folder");
     const struct {
         const char * path;
@@ -90,8 +85,7 @@ TEST(KtFile, TellsWhatCantBeOpened)
     }
 }
 
-TEST(KtFile, SaysWhenItIsNotOpen)
-{
+TEST(KtFile, SaysWhenItIsNotOpen) {
     kt_file file(pathname("x"));
     ustring line("kept");
     long position = 7;
@@ -121,8 +115,7 @@ TEST(KtFile, SaysWhenItIsNotOpen)
     EXPECT_EQ(text_of(line), "kept");
 }
 
-TEST(KtFile, ReadsAndSeeks)
-{
+TEST(KtFile, ReadsAndSeeks) {
     write_file("data.txt", "one\r\ntwo\n\nlast");
     kt_file file(pathname("data.txt"));
     EXPECT_EQ(file.open("r"), 0);
@@ -162,8 +155,7 @@ TEST(KtFile, ReadsAndSeeks)
     EXPECT_EQ(file.close(), 0);
 }
 
-TEST(KtFile, Writes)
-{
+TEST(KtFile, Writes) {
     kt_file file;
     file.set_file_name("out.bin");
     EXPECT_EQ(file.open("wb"), 0);
@@ -193,8 +185,7 @@ TEST(KtFile, Writes)
     EXPECT_EQ(file.close(), 0); // told already
 }
 
-TEST(KtFile, MovesAndRemoves)
-{
+TEST(KtFile, MovesAndRemoves) {
     write_file("from.txt", "new");
     write_file("to.txt", "old");
     transcript lines;
@@ -229,8 +220,7 @@ TEST(KtFile, MovesAndRemoves)
     EXPECT_TRUE(std::filesystem::exists("kept"));
 }
 
-TEST(KtFile, TakesNamesOutsideAscii)
-{
+TEST(KtFile, TakesNamesOutsideAscii) {
     kt_file file(pathname("caf\xC3\xA9.txt"));
     EXPECT_EQ(file.open("w"), 0);
     EXPECT_EQ(file.close(), 0);
@@ -243,8 +233,7 @@ TEST(KtFile, TakesNamesOutsideAscii)
 }
 
 /// What a full disk and a lost descriptor leave behind, where the system has them.
-TEST(KtFile, KeepsTheStreamWhenClosingFails)
-{
+TEST(KtFile, KeepsTheStreamWhenClosingFails) {
     kt_file full(pathname("/dev/full"));
     if (kt_chkfile("/dev/full") == 0)
         GTEST_SKIP() << "no such device here";

@@ -5,8 +5,7 @@ using namespace orvet_test;
 
 namespace {
 
-TEST(Sections, TakesLinesApart)
-{
+TEST(Sections, TakesLinesApart) {
     const struct {
         const char * text;
         int index;
@@ -53,8 +52,7 @@ constexpr char file_text[] = "lead\n"
                              "no count\n"
                              "[last]";
 
-TEST(Sections, WalksForward)
-{
+TEST(Sections, WalksForward) {
     write_file("sections.txt", file_text);
     kt_file file(pathname("sections.txt"));
     EXPECT_EQ(file.open("r"), 0);

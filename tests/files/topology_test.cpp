@@ -13,8 +13,7 @@ struct loaded {
     vector topv;
     std::string lines;
 
-    std::string domains() const
-    {
+    std::string domains() const {
         std::string text;
         for (unsigned i = 0; i < topv.size(); ++i) {
             const auto & domain = static_cast<const top_entry &>(*topv[i]);
@@ -27,8 +26,7 @@ struct loaded {
     }
 };
 
-void load(loaded & result, const std::string & text, int trace_level = 6)
-{
+void load(loaded & result, const std::string & text, int trace_level = 6) {
     write_file("scan.txt", text);
     kt_file file(pathname("scan.txt"));
     EXPECT_EQ(file.open("r"), 0);
@@ -57,8 +55,7 @@ constexpr char sample[] = "[topology]\n"
                           "count = 1\n"
                           "entry 3\n";
 
-TEST(Topology, LoadsTheSampleWithItsWholeTrace)
-{
+TEST(Topology, LoadsTheSampleWithItsWholeTrace) {
     loaded result;
     load(result, sample, 1);
     EXPECT_EQ(result.top_code, 0);
@@ -104,27 +101,23 @@ TEST(Topology, LoadsTheSampleWithItsWholeTrace)
 }
 
 /// A topology section of these lines; each key has an empty target section unless `sections` is false.
-std::string topology(const std::vector<std::string> & domains, bool sections = true)
-{
+std::string topology(const std::vector<std::string> & domains, bool sections = true) {
     std::string text = "[topology]\ncount = " + std::to_string(domains.size()) + "\n";
-    for (const std::string & domain : domains)
-        text += domain + "\n";
+    for (const std::string & domain : domains) text += domain + "\n";
     for (const std::string & domain : domains)
         if (sections)
             text += "[" + domain.substr(0, domain.find(" = ")) + "]\ncount = 0\n";
     return text;
 }
 
-std::string names(const loaded & result)
-{
+std::string names(const loaded & result) {
     std::string text;
     for (unsigned i = 0; i < result.topv.size(); ++i)
         text += text_of(static_cast<const top_entry &>(*result.topv[i]).domain_name) + " ";
     return text;
 }
 
-TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing)
-{
+TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing) {
     const auto gone = [](int number, const std::string & name, const std::string & dependency) {
         return "L MSG0107 [E]  Discovered domain number <" + std::to_string(number) + "> with RGN <" + name +
                "> depends from unexisting domain <" + dependency + ">. All domain targets will be ignored.\n";
@@ -178,8 +171,7 @@ TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing)
     }
 }
 
-TEST(Topology, TracesThePlaceInTheVectorAndTheNumberInTheFile)
-{
+TEST(Topology, TracesThePlaceInTheVectorAndTheNumberInTheFile) {
     loaded result;
     load(result,
          topology({"r = a,R", "b = a,B,push,X", "c = a,C,push,D", "d = a,D,push,D", "e = a,E,push,C"}), 1);
@@ -194,8 +186,7 @@ TEST(Topology, TracesThePlaceInTheVectorAndTheNumberInTheFile)
               "T[I] kt_file::load_top Valid dependency found: <3,C> by <1,C>\n");
 }
 
-TEST(Topology, RefusesWhatItCantRead)
-{
+TEST(Topology, RefusesWhatItCantRead) {
     const std::string no_count =
         "L MSG0112 [E]  Error parsing section <topology> of file <scan.txt>. A \"count = "
         "<value>\" string was expected.\n";
@@ -246,16 +237,14 @@ TEST(Topology, RefusesWhatItCantRead)
     }
 }
 
-TEST(Topology, SortsByTheLengthOfThePathAlone)
-{
+TEST(Topology, SortsByTheLengthOfThePathAlone) {
     loaded result;
     load(result,
          topology({"r = a,R", "a = a,AAAA,push,R", "b = a,B,push,AAAA", "c = a,C,push,R", "d = a,D,push,R"}));
     EXPECT_EQ(names(result), "R C D AAAA B "); // equal ones as in the file
 }
 
-TEST(Topology, PassesOverWhatIsNoTargetSection)
-{
+TEST(Topology, PassesOverWhatIsNoTargetSection) {
     vector topv;
     topv.push_back(new ustring("no domain"));
     topv.push_back(new top_entry("E", "", vector()));

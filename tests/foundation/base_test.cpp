@@ -7,8 +7,7 @@ using namespace orvet_test;
 
 namespace {
 
-TEST(Ustring, AnyBytesComeBackAsTheyWere)
-{
+TEST(Ustring, AnyBytesComeBackAsTheyWere) {
     const std::string samples[] = {
         "",
         "plain",
@@ -30,16 +29,14 @@ TEST(Ustring, AnyBytesComeBackAsTheyWere)
     }
 }
 
-TEST(Ustring, HoldsUtf16)
-{
+TEST(Ustring, HoldsUtf16) {
     const ustring text("a\xC3\xA9\xF0\x9F\x99\x82\xE9");
     const std::u16string expected = u"a\u00E9\xD83D\xDE42\xDCE9";
     EXPECT_EQ(std::u16string(text.data(), text.length()), expected);
     EXPECT_EQ(text.data()[text.length()], u'\0');
 }
 
-TEST(Ustring, EditsInPlace)
-{
+TEST(Ustring, EditsInPlace) {
     const auto abc = [] { return ustring("abcdef"); };
     const ustring xy("xy");
     const struct {
@@ -67,12 +64,10 @@ TEST(Ustring, EditsInPlace)
         {ustring("    ").strip(ustring::strip_both, ' '), ""},
         {ustring(static_cast<const char *>(nullptr)), ""},
     };
-    for (const auto & each : cases)
-        EXPECT_EQ(text_of(each.result), each.expected);
+    for (const auto & each : cases) EXPECT_EQ(text_of(each.result), each.expected);
 }
 
-TEST(Ustring, TakesItsOwnText)
-{
+TEST(Ustring, TakesItsOwnText) {
     ustring text("0123456789"); // grows past what it keeps inside itself
     text.append(text).append(text);
     EXPECT_EQ(text_of(text), "0123456789012345678901234567890123456789");
@@ -87,8 +82,7 @@ TEST(Ustring, TakesItsOwnText)
     EXPECT_EQ(text_of(text), "5678956789z");
 }
 
-TEST(Ustring, FindsAndCompares)
-{
+TEST(Ustring, FindsAndCompares) {
     const ustring text("a=b = c = d");
     constexpr char16_t mark[] = u" = ";
     constexpr char16_t letters[] = u"CD";
@@ -123,8 +117,7 @@ TEST(Ustring, FindsAndCompares)
     EXPECT_FALSE(ustring("SEN").begins_with("SEND="));
 }
 
-TEST(Ustring, ReadsLines)
-{
+TEST(Ustring, ReadsLines) {
     const std::string longest(100000, 'x');
     const struct {
         std::string file;
@@ -160,8 +153,7 @@ TEST(Ustring, ReadsLines)
     }
 }
 
-TEST(Ustring, LeavesTheRestOfTheStreamToOthers)
-{
+TEST(Ustring, LeavesTheRestOfTheStreamToOthers) {
     write_file("lines.txt", "first\nsecond\nthird\n");
     std::FILE * const file = std::fopen("lines.txt", "rb");
     ustring line;
@@ -176,8 +168,7 @@ TEST(Ustring, LeavesTheRestOfTheStreamToOthers)
     std::fclose(file);
 }
 
-TEST(Pathname, JoinsElementsOnBothSystems)
-{
+TEST(Pathname, JoinsElementsOnBothSystems) {
     const struct {
         const char * path;
         const char * element;
@@ -213,8 +204,7 @@ struct counted : ktobject {
     int & gone_;
 };
 
-TEST(Vector, ItemsGoWithTheirLastHolder)
-{
+TEST(Vector, ItemsGoWithTheirLastHolder) {
     int gone = 0;
     {
         vector first;
@@ -239,8 +229,7 @@ TEST(Vector, ItemsGoWithTheirLastHolder)
     EXPECT_EQ(gone, 2);
 }
 
-TEST(ObjectFamily, ComparesAsTheClassesDo)
-{
+TEST(ObjectFamily, ComparesAsTheClassesDo) {
     const ustring a("a");
     const pathname path("A/b");
     const pair one("k", "v");
@@ -261,8 +250,7 @@ TEST(ObjectFamily, ComparesAsTheClassesDo)
     EXPECT_TRUE(keyval("a") == a);
 }
 
-TEST(ObjectFamily, ClonesAndNames)
-{
+TEST(ObjectFamily, ClonesAndNames) {
     vector sections;
     sections.push_back(new sof_entry("[hq]", sof_entry::target_sect));
     top_entry domain("HQ1", "p", sections);

@@ -14,8 +14,7 @@ constexpr char no_ktxwork[] = "MSGI0009 [F] The environment variable KTXWORK, co
                               "path, is not set or can not be "
                               "acccessed\n";
 
-TEST(Environment, GetFormsReadAtEachCall)
-{
+TEST(Environment, GetFormsReadAtEachCall) {
     const struct {
         const char * value;
         const char * result;
@@ -59,8 +58,7 @@ TEST(Environment, GetFormsReadAtEachCall)
     EXPECT_STREQ(environment::get_cf_prefix(), "KTX");
 }
 
-TEST(Environment, PlainFormsReadOnce)
-{
+TEST(Environment, PlainFormsReadOnce) {
     EXPECT_EQ(text_of(environment::kt_bin_path().text()), native(test_directory().string() + "/bin"));
     EXPECT_EQ(environment::trace_level(), 6);
     set_variable("ktxtlev", "2");
@@ -69,10 +67,8 @@ TEST(Environment, PlainFormsReadOnce)
     set_variable("ktxtlev", nullptr);
 }
 
-void clear_paths()
-{
-    for (const char * name : {"KTXPATH", "KTXWORK", "brdcfg"})
-        set_variable(name, nullptr);
+void clear_paths() {
+    for (const char * name : {"KTXPATH", "KTXWORK", "brdcfg"}) set_variable(name, nullptr);
 }
 
 const scenario unset_paths("unset_paths", [] {
@@ -92,8 +88,7 @@ const scenario set_up_twice("set_up_twice", [] {
     initializer();
 });
 
-TEST(Environment, UnsetPathsAreToldOnceByThePlainForms)
-{
+TEST(Environment, UnsetPathsAreToldOnceByThePlainForms) {
     EXPECT_EQ(run_scenario("unset_paths"), std::string(no_ktxpath) + no_ktxpath + no_ktxpath + no_brdcfg);
     EXPECT_EQ(run_scenario("set_up_twice"), std::string(no_ktxpath) + no_brdcfg +
                                                 "MSGI0003 [W] The environment variable ktxrmtf was set to "

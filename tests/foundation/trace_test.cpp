@@ -14,16 +14,14 @@ namespace {
 struct keeper : trace_stream {
     static inline std::string lines;
     static inline int writes = 0;
-    int writeline(const char * line) override
-    {
+    int writeline(const char * line) override {
         lines += line;
         ++writes;
         return static_cast<int>(std::strlen(line));
     }
 };
 
-std::string now()
-{
+std::string now() {
     const std::time_t time = std::time(nullptr);
     char text[100];
     std::strftime(text, sizeof text, "%c", std::localtime(&time));
@@ -32,8 +30,7 @@ std::string now()
 
 class Trace : public testing::Test {
 protected:
-    Trace()
-    {
+    Trace() {
         trace::set_stream(wa, new keeper);
         wa.current_size = 0;
         keeper::lines.clear();
@@ -43,8 +40,7 @@ protected:
     work_area & wa = system_trace::wa();
 };
 
-TEST_F(Trace, LinesHaveTheirLayout)
-{
+TEST_F(Trace, LinesHaveTheirLayout) {
     std::string before, after;
     do { // a second may end in between
         keeper::lines.clear();
@@ -67,12 +63,10 @@ TEST_F(Trace, LinesHaveTheirLayout)
     EXPECT_EQ(keeper::lines.substr(before.size()), "  \n");
 }
 
-TEST_F(Trace, WhatDoesNotFitIsCutAtACharacter)
-{
+TEST_F(Trace, WhatDoesNotFitIsCutAtACharacter) {
     for (std::size_t shift = 0; shift < 4; ++shift) {
         std::string text(shift, 'x');
-        while (text.size() < 3000)
-            text += "\xF0\x9F\x99\x82\xE2\x82\xAC"; // four bytes and three
+        while (text.size() < 3000) text += "\xF0\x9F\x99\x82\xE2\x82\xAC"; // four bytes and three
         keeper::lines.clear();
         trace::write_header(wa, " [I] ", shift == 3 ? text.c_str() : "name");
         trace::write_text(wa, trace::internal_write_text("%s", text.c_str()));
@@ -87,8 +81,7 @@ TEST_F(Trace, WhatDoesNotFitIsCutAtACharacter)
     }
 }
 
-TEST_F(Trace, FormatsAsPrintf)
-{
+TEST_F(Trace, FormatsAsPrintf) {
     EXPECT_STREQ(trace::internal_write_text("%d %5.2f|%-4s|%x%%l", -1, 2.5, "ab", 255U),
                  "-1  2.50|ab  |ff%l");
     EXPECT_STREQ(trace::internal_write_text("offset %l from %ld, %l", 70000L, -3L, 9L),
@@ -96,8 +89,7 @@ TEST_F(Trace, FormatsAsPrintf)
     EXPECT_EQ(std::strlen(trace::internal_write_text("%2000d", 1)), 1023U);
 }
 
-TEST_F(Trace, SilenceCanBeOverridden)
-{
+TEST_F(Trace, SilenceCanBeOverridden) {
     const struct {
         const char * variable;
         int wish;
@@ -115,15 +107,13 @@ TEST_F(Trace, SilenceCanBeOverridden)
     trace::set_level(orvet::log::wa(), 6);
 }
 
-TEST_F(Trace, ErrorTexts)
-{
+TEST_F(Trace, ErrorTexts) {
     EXPECT_STREQ(trace::system_error_to_string(wa, 999999), "System error 999999\n");
     EXPECT_LT(std::strlen(trace::system_error_to_string(wa, 2)), 128U);
     EXPECT_EQ(std::string(trace::system_error_to_string(wa, 2)).find("System error"), std::string::npos);
 }
 
-TEST_F(Trace, GatesLetThroughBySeverity)
-{
+TEST_F(Trace, GatesLetThroughBySeverity) {
     const std::string all = "CIWEF";
     for (int level = -1; level <= 6; ++level) {
         transcript lines(level, 5);
@@ -143,8 +133,7 @@ TEST_F(Trace, GatesLetThroughBySeverity)
     }
 }
 
-TEST_F(Trace, TypedArgumentsFitTheirConversions)
-{
+TEST_F(Trace, TypedArgumentsFitTheirConversions) {
     transcript lines;
     const call_trace trace("f");
     lines.take();
@@ -193,10 +182,8 @@ const scenario channel_files("channel_files", [] {
     }
 });
 
-TEST(Channels, FilesGrowFromRunToRun)
-{
-    for (const char * name : {"ktx1.trc", "ktx2.trc", "ktx1.log"})
-        std::filesystem::remove(name);
+TEST(Channels, FilesGrowFromRunToRun) {
+    for (const char * name : {"ktx1.trc", "ktx2.trc", "ktx1.log"}) std::filesystem::remove(name);
     EXPECT_EQ(run_scenario("channel_files"), "0 ktx2.trc 0 500000\nktx1.trc\n");
     EXPECT_EQ(run_scenario("channel_files"), "0 ktx2.trc 0 500000\nktx1.trc\n");
     const auto texts = [](const char * name, const char * mark) {
@@ -224,8 +211,7 @@ const scenario no_directory("no_directory", [] {
     orvet::log closing;
 });
 
-TEST(Channels, FallBackToStandardError)
-{
+TEST(Channels, FallBackToStandardError) {
     EXPECT_EQ(run_scenario("no_directory"), "");
     const std::string text = read_text("stderr.txt");
     EXPECT_EQ(
@@ -242,8 +228,7 @@ const scenario no_path("no_path", [] {
     std::printf("%d\n", kt_chkfile("ktx1.log"));
 });
 
-TEST(Channels, LieInTheCurrentDirectoryWithoutAPath)
-{
+TEST(Channels, LieInTheCurrentDirectoryWithoutAPath) {
     EXPECT_EQ(run_scenario("no_path").find("MSGI0001"), 0U);
     EXPECT_EQ(run_scenario("no_path").find("MSGI0001", 1), std::string::npos);
     EXPECT_NE(run_scenario("no_path").find("\n1\n"), std::string::npos);

@@ -18,8 +18,7 @@ namespace {
 
 std::string program;
 
-std::map<std::string, void (*)()> & scenarios()
-{
+std::map<std::string, void (*)()> & scenarios() {
     static std::map<std::string, void (*)()> all;
     return all;
 }
@@ -29,8 +28,7 @@ std::string lines;
 class recorder : public orvet::trace_stream {
 public:
     recorder(std::string mark, std::string begin) : mark_(std::move(mark)), begin_(std::move(begin)) {}
-    int writeline(const char * line) override
-    {
+    int writeline(const char * line) override {
         const char * const text = std::strstr(line, begin_.c_str());
         lines += mark_ + (text ? text + std::strspn(text, " ") : line);
         return static_cast<int>(std::strlen(line));
@@ -43,51 +41,38 @@ private:
 
 } // namespace
 
-scenario::scenario(const char * name, void (*run)())
-{
-    scenarios()[name] = run;
-}
+scenario::scenario(const char * name, void (*run)()) { scenarios()[name] = run; }
 
-const fs::path & test_directory()
-{
+const fs::path & test_directory() {
     static const fs::path directory = fs::current_path();
     return directory;
 }
 
-void write_file(const std::string & name, const std::string & bytes)
-{
+void write_file(const std::string & name, const std::string & bytes) {
     std::ofstream(name, std::ios::binary) << bytes;
 }
 
-std::string read_file(const std::string & name)
-{
+std::string read_file(const std::string & name) {
     std::ifstream file(name, std::ios::binary);
     if (!file)
         return "(no file)";
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string plain_line_ends(std::string text)
-{
-    for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos;)
-        text.erase(at, 1);
+std::string plain_line_ends(std::string text) {
+    for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos;) text.erase(at, 1);
     return text;
 }
 
-std::string read_text(const std::string & name)
-{
-    return plain_line_ends(read_file(name));
-}
+std::string read_text(const std::string & name) { return plain_line_ends(read_file(name)); }
 
-std::string run_scenario(const std::string & name)
-{
+std::string run_scenario(const std::string & name) {
     const std::string output = "scenario." + name + ".out";
     const int code = std::system((program + " --scenario " + name + " >" + output).c_str());
     return read_text(output) + (code == 0 ? "" : "(ended with " + std::to_string(code) + ")");
 }
 
-transcript::transcript(int trace_level, int log_level)
-{
+transcript::transcript(int trace_level, int log_level) {
     lines.clear();
     orvet::trace::set_stream(orvet::system_trace::wa(), new recorder("T", " ["));
     orvet::trace::set_stream(orvet::log::wa(), new recorder("L ", "  MSG"));
@@ -95,21 +80,16 @@ transcript::transcript(int trace_level, int log_level)
     orvet::trace::set_level(orvet::log::wa(), log_level);
 }
 
-transcript::~transcript()
-{
+transcript::~transcript() {
     for (orvet::work_area * wa : {&orvet::system_trace::wa(), &orvet::log::wa()}) {
         orvet::trace::set_stream(*wa, nullptr);
         orvet::trace::set_level(*wa, 5);
     }
 }
 
-std::string transcript::take()
-{
-    return std::exchange(lines, "");
-}
+std::string transcript::take() { return std::exchange(lines, ""); }
 
-std::string transcript::take(const std::string & part)
-{
+std::string transcript::take(const std::string & part) {
     std::string found;
     const std::string all = take();
     for (std::size_t at = 0, end; at < all.size(); at = end) {
@@ -121,14 +101,12 @@ std::string transcript::take(const std::string & part)
     return found;
 }
 
-std::string native(std::string path)
-{
+std::string native(std::string path) {
     std::replace(path.begin(), path.end(), '/', static_cast<char>(fs::path::preferred_separator));
     return path;
 }
 
-orvet::ustring from_bytes(const std::string & bytes)
-{
+orvet::ustring from_bytes(const std::string & bytes) {
     write_file("from_bytes.tmp", bytes);
     std::FILE * const file = std::fopen("from_bytes.tmp", "rb");
     orvet::ustring text;
@@ -139,8 +117,7 @@ orvet::ustring from_bytes(const std::string & bytes)
 
 } // namespace orvet_test
 
-int main(int argc, char ** argv)
-{
+int main(int argc, char ** argv) {
     using namespace orvet_test;
     keep_crashes_quiet();
     program = fs::absolute(argv[0]).make_preferred().string();

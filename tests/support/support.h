@@ -54,18 +54,14 @@ std::string printed_by(Action action);
 std::string plain_line_ends(std::string text);
 
 template <class Action>
-std::string printed_by(Action action)
-{
+std::string printed_by(Action action) {
     testing::internal::CaptureStdout();
     action();
     std::fflush(stdout);
     return plain_line_ends(testing::internal::GetCapturedStdout());
 }
 
-inline std::string text_of(const orvet::ustring & text)
-{
-    return {text.mbcs_str(), text.mbcs_length()};
-}
+inline std::string text_of(const orvet::ustring & text) { return {text.mbcs_str(), text.mbcs_length()}; }
 
 /// A path as the library writes it on this system, from one with slashes.
 std::string native(std::string path);

@@ -9,19 +9,14 @@
 
 namespace orvet_test {
 
-void keep_crashes_quiet()
-{
+void keep_crashes_quiet() {
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
 }
 
-unsigned long process_number()
-{
-    return static_cast<unsigned long>(getpid());
-}
+unsigned long process_number() { return static_cast<unsigned long>(getpid()); }
 
-void set_variable(const char * name, const char * value)
-{
+void set_variable(const char * name, const char * value) {
     if (value)
         setenv(name, value, 1);
     else

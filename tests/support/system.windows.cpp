@@ -8,19 +8,10 @@
 
 namespace orvet_test {
 
-void keep_crashes_quiet()
-{
-    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
-}
+void keep_crashes_quiet() { SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX); }
 
-unsigned long process_number()
-{
-    return GetCurrentProcessId();
-}
+unsigned long process_number() { return GetCurrentProcessId(); }
 
-void set_variable(const char * name, const char * value)
-{
-    _putenv_s(name, value ? value : "");
-}
+void set_variable(const char * name, const char * value) { _putenv_s(name, value ? value : ""); }
 
 } // namespace orvet_test

@@ -7,8 +7,7 @@ using namespace orvet_test;
 
 namespace {
 
-TEST(Usprintf, ReplacesInOrderAndSearchesAnew)
-{
+TEST(Usprintf, ReplacesInOrderAndSearchesAnew) {
     ustring out("before");
     const auto formatted = [&](const char * format, const auto &... args) {
         const int length = usprintf(out, format, args...);
@@ -30,8 +29,7 @@ TEST(Usprintf, ReplacesInOrderAndSearchesAnew)
     EXPECT_EQ(formatted("%s and %s", out, pathname("p\xE9")), "self and p\xE9");
 }
 
-TEST(Chkfile, TellsWhetherAFileExists)
-{
+TEST(Chkfile, TellsWhetherAFileExists) {
     write_file("there.txt", "");
     transcript lines;
     EXPECT_EQ(kt_chkfile("there.txt"), 1);
@@ -45,8 +43,7 @@ TEST(Chkfile, TellsWhetherAFileExists)
     EXPECT_EQ(kt_chkfile(path), 0); // not the file in front of the zero
 }
 
-TEST(Heapdump, WalksTheHeapOrSaysThatThereIsNone)
-{
+TEST(Heapdump, WalksTheHeapOrSaysThatThereIsNone) {
     const std::string panic = "PANIC - heapdump() called \n";
     const std::string status = printed_by([] { heapdump(nullptr); });
     EXPECT_EQ(status.find(panic), 0U);

@@ -22,53 +22,41 @@ struct shortage {
 
 } // namespace
 
-void * operator new(std::size_t size, const std::nothrow_t &) noexcept
-{
+void * operator new(std::size_t size, const std::nothrow_t &) noexcept {
     const long number = allocations++;
     return failing >= 0 && number >= failing ? nullptr : std::malloc(size);
 }
 
-void operator delete(void * room) noexcept
-{
-    std::free(room);
-}
+void operator delete(void * room) noexcept { std::free(room); }
 
-void operator delete(void * room, std::size_t) noexcept
-{
-    std::free(room);
-}
+void operator delete(void * room, std::size_t) noexcept { std::free(room); }
 
-void * operator new(std::size_t size)
-{
-    return std::malloc(size);
-}
+void * operator new(std::size_t size) { return std::malloc(size); }
 
 namespace {
 
-constexpr char sample[] = "count = 3\nhq = any,HQ1\nnorth and some more = any,NORTHERN DOMAIN,push,HQ1\n"
-                          "south = any,STH,push,NORTHERN DOMAIN\n[hq]\ncount = 0\n[north and some more]\ncount = 1\n"
-                          "entry\n[south]\ncount = 0\n";
+constexpr char sample[] =
+    "count = 3\nhq = any,HQ1\nnorth and some more = any,NORTHERN DOMAIN,push,HQ1\n"
+    "south = any,STH,push,NORTHERN DOMAIN\n[hq]\ncount = 0\n[north and some more]\ncount = 1\n"
+    "entry\n[south]\ncount = 0\n";
 
-TEST(Memory, ReadingLinesTakesNone)
-{
+TEST(Memory, ReadingLinesTakesNone) {
     std::string text;
     for (int i = 0; i < 20000; ++i)
-        text += i % 10 == 0 ? "caf\xC3\xA9 and twenty more characters\n" : "forty characters of text, all in ASCII..\n";
+        text += i % 10 == 0 ? "caf\xC3\xA9 and twenty more characters\n"
+                            : "forty characters of text, all in ASCII..\n";
     write_file("lines.txt", text);
     kt_file file(pathname("lines.txt"));
     EXPECT_EQ(file.open("r"), 0);
     ustring line;
-    for (int i = 0; i < 200; ++i)
-        EXPECT_TRUE(file.get_line(line));
+    for (int i = 0; i < 200; ++i) EXPECT_TRUE(file.get_line(line));
     const long before = allocations;
-    while (file.get_line(line))
-        continue;
+    while (file.get_line(line)) continue;
     EXPECT_EQ(allocations, before);
     EXPECT_EQ(file.close(), 0);
 }
 
-TEST(Memory, ADomainTakesLittle)
-{
+TEST(Memory, ADomainTakesLittle) {
     const auto needed = [](int domains) {
         std::string text = "count = " + std::to_string(domains) + "\n";
         for (int i = 0; i < domains; ++i)
@@ -83,14 +71,14 @@ TEST(Memory, ADomainTakesLittle)
         EXPECT_EQ(file.close(), 0);
         return allocations - before;
     };
-    // The domain, its section, its vector's row, its path, and what it depends on, the line that it stood in, and two of its texts.
+    // The domain, its section, its vector's row, its path, and what it depends on, the line that it stood in,
+    // and two of its texts.
     EXPECT_LE(needed(2000) - needed(1000), 8100);
 }
 
-/// Runs `action` with a shortage from each allocation on in turn, until one run has enough. `action` gives true
-/// for a success.
-void with_each_shortage(const std::function<bool()> & action)
-{
+/// Runs `action` with a shortage from each allocation on in turn, until one run has enough. `action` gives
+/// true for a success.
+void with_each_shortage(const std::function<bool()> & action) {
     for (long n = 0; n < 10000; ++n) {
         const long before = allocations;
         bool done;
@@ -107,8 +95,7 @@ void with_each_shortage(const std::function<bool()> & action)
     FAIL() << "never had enough";
 }
 
-TEST(Memory, ShortageIsNeverASuccess)
-{
+TEST(Memory, ShortageIsNeverASuccess) {
     write_file("scan.txt", sample);
     kt_file file(pathname("scan.txt"));
     EXPECT_EQ(file.open("r"), 0);
@@ -140,8 +127,7 @@ TEST(Memory, ShortageIsNeverASuccess)
     EXPECT_EQ(file.close(), 0);
 }
 
-TEST(Memory, WithoutAResultTheObjectStaysAsItWas)
-{
+TEST(Memory, WithoutAResultTheObjectStaysAsItWas) {
     const std::string before = "a text longer than what is kept inside";
     const ustring longer((before + before + before).c_str());
     const std::function<void(ustring &)> edits[] = {
@@ -176,8 +162,7 @@ TEST(Memory, WithoutAResultTheObjectStaysAsItWas)
 }
 
 /// One write for a line of a channel, whatever it is made of.
-TEST(Channels, WriteALineAtOnce)
-{
+TEST(Channels, WriteALineAtOnce) {
     struct counter : trace_stream {
         int & count;
         explicit counter(int & c) : count(c) {}
