@@ -104,8 +104,8 @@ TEST_F(InputParms, ReadsCommandLines) {
     for (const auto & [line, expected] : cases) {
         input_parms ip;
         EXPECT_EQ(outcome(ip, line), expected) << line;
-        if (ip.ip("-trc"))
-            EXPECT_EQ(ip.ip_log_level() * 10 + ip.ip_trace_level(), 32) << line;
+        const int levels = ip.ip_log_level() * 10 + ip.ip_trace_level();
+        EXPECT_EQ(levels, ip.ip("-trc") ? 32 : levels) << line;
     }
     EXPECT_EQ(text_of(input_parms::ip_op_sys()), ""); // wiped, not back at its default
     EXPECT_EQ(input_parms::ip_t_global(), 1);
