@@ -3,6 +3,7 @@
 #include <cctype>
 #include <cstring>
 
+#include "orvet/foundation/base/name_list.h"
 #include "orvet/foundation/base/number.h"
 #include "orvet/foundation/call_trace.h"
 #include "orvet/foundation/environment.h"
@@ -69,22 +70,6 @@ void store(ustring & field, const char * value, const keyword_rule & rule)
             return;
     rule.complain(value);
     field = rule.otherwise;
-}
-
-bool holds(const char * const * list, const char * name)
-{
-    while (*list && std::strcmp(*list, name) != 0)
-        ++list;
-    return *list != nullptr;
-}
-
-/// The position of `name` in the option table; that of the null entry when it is not there.
-int index_of(const char * name)
-{
-    int i = 0;
-    while (ip_names[i] && (!name || std::strcmp(ip_names[i], name) != 0))
-        ++i;
-    return i;
 }
 
 /// What `get_ips` does with an option: one of the two setters, and the code when it leaves an empty field.
@@ -190,7 +175,7 @@ short input_parms::get_ips(int argc, char ** argv)
 int input_parms::validate(const char * const * mandatory, const char * const * allowed) const
 {
     for (const char * const * name = mandatory; *name; ++name) {
-        const int option = index_of(*name);
+        const int option = index_in(ip_names, *name);
         if (ip_names[option] && !ip_flags_[option]) {
             console_message(messages::MSGI0007, *name);
             return 0;
@@ -204,14 +189,14 @@ int input_parms::validate(const char * const * mandatory, const char * const * a
 
 void input_parms::set_ip(const char * name)
 {
-    const int option = index_of(name);
+    const int option = index_in(ip_names, name);
     if (ip_names[option])
         ip_flags_[option] = 1;
 }
 
 int input_parms::ip(const char * name) const
 {
-    return ip_flags_[index_of(name)];
+    return ip_flags_[index_in(ip_names, name)];
 }
 
 pathname & input_parms::ip_file_name()
