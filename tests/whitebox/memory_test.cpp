@@ -175,7 +175,8 @@ TEST(Memory, ASectionTakesItsRecordAlone)
     const auto needed = [](int sections) {
         std::string text;
         for (int i = 0; i < sections; ++i)
-            text += "USER=u" + std::to_string(i) + "\n  AUTHORIZATION PROFILE=p\n# forty characters of note\n";
+            text +=
+                "USER=u" + std::to_string(i) + "\n  AUTHORIZATION PROFILE=p\n# forty characters of note\n";
         write_file("in.txt", text);
         file_input_parms input;
         const long before = allocations;
