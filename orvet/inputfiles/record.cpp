@@ -165,8 +165,11 @@ void announce_value(const call_trace & trace, const ustring & value)
 
 void clear_record(const record_parts & record)
 {
-    for (int i = 0; i < record.kind.count; ++i)
-        record.texts[i].assign(record.kind.fields[i].fallback);
+    for (int i = 0; i < record.kind.count; ++i) {
+        record.texts[i].remove(0); // costs nothing for a text that has been moved away
+        if (*record.kind.fields[i].fallback)
+            record.texts[i].assign(record.kind.fields[i].fallback);
+    }
     record.marks = fip_marks();
 }
 
