@@ -9,4 +9,7 @@
 /// "-cmd domains -file RESULT": the domains of a scan result file, with their targets.
 int show_domains(const orvet::input_parms & ip);
 
+/// "-cmd records -obj agents|profiles|users -file FILE": the records of an input file of that kind.
+int show_records(const orvet::input_parms & ip);
+
 #endif

@@ -15,6 +15,8 @@ struct command {
 
 constexpr command commands[] = {
     {"domains", show_domains, "show the domains and targets of the scan result file named by -file"},
+    {"records", show_records,
+     "show the records of the input file named by -file; -obj agents, profiles or users"},
 };
 
 // The kind of tool this is: "-cmd" and "-ini" are mandatory.
