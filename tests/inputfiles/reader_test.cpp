@@ -25,11 +25,10 @@ std::string shown(file_input_parms & input, int file_type) {
     for (int i = 0; i < 5 && file_type == 1; ++i) // slots that hold a value
         if (shown(input.input_info(i)) != shown(VXA_inst_info()))
             text += " " + std::to_string(i) + "<" + shown(input.input_info(i)) + ">";
-    for (unsigned i = 0; i < input.arSections().size(); ++i)
-        text += " <" + shown(input.arSections()[i]) + ">";
+    for (unsigned i = 0; i < input.arSections().size(); ++i) text += " <" + shown(input.arSections()[i]) + ">";
     if (input.error_line() || input.error_section() || input.error_text().length())
-        text += " at " + std::to_string(input.error_line()) + ", section " +
-                std::to_string(input.error_section()) + ": " + text_of(input.error_text());
+        text += " at " + std::to_string(input.error_line()) + ", section " + std::to_string(input.error_section()) +
+                ": " + text_of(input.error_text());
     return text;
 }
 
@@ -56,16 +55,14 @@ std::string reader_lines(const std::string & lines) {
 
 const std::string started = "L MSG0135 [Il Input file in.txt reading started.\n";
 const std::string completed = "L MSG0135 [I] Input file in.txt reading successfully completed.\n";
-const std::string some_error =
-    "L MSG0139 [I] Some error have been encountered reading and validating the file "
-    "containing input information.\n";
+const std::string some_error = "L MSG0139 [I] Some error have been encountered reading and validating the file "
+                               "containing input information.\n";
 const std::string mine = "file_input_parms::get_fips ";
 const std::string refused = some_error + "T[F] " + mine + "Error 102 from validate \n";
 const std::string agent_refused = some_error + "T[F] " + mine + "Error 102 from validate VXA\n";
 const std::string bad_file = "T[F] " + mine + "Invalid input file\n";
-const std::string least =
-    "OPERATING_SYSTEM=WINDOWS_NT\nSERVER_NAME=s\nSERVER_REN_RGN=r\nGATEWAY_IP_ADDRESS=i\n"
-    "IMAGES_SERVER_NAME=n\nEXPORTED_DIR=/e\nMOUNT_POINT=/m\n";
+const std::string least = "OPERATING_SYSTEM=WINDOWS_NT\nSERVER_NAME=s\nSERVER_REN_RGN=r\nGATEWAY_IP_ADDRESS=i\n"
+                          "IMAGES_SERVER_NAME=n\nEXPORTED_DIR=/e\nMOUNT_POINT=/m\n";
 const std::string least_shown = "<WINDOWS_NT,s,9494,$(TARGET),c:\\corvan\\vxa,>";
 
 std::string separator(const std::string & line) {
@@ -256,8 +253,8 @@ TEST(InputFile, NothingIsTakenBackBetweenTwoCalls) {
 
 TEST(InputFile, SizeIsNoLimit) {
     const std::string name(1 << 20, 'n');
-    std::string file = std::string("#") + name + "\nUSER=" + name + "\nAUTHORIZATION PROFILE=z" +
-                       std::string("\0ero", 4) + "\n";
+    std::string file =
+        std::string("#") + name + "\nUSER=" + name + "\nAUTHORIZATION PROFILE=z" + std::string("\0ero", 4) + "\n";
     for (int i = 1; i < 100000; ++i)
         file += "USER=user" + std::to_string(i) + "\nAUTHORIZATION PROFILE=a profile of some length\n";
     write_file("in.txt", file);

@@ -122,13 +122,13 @@ void check_set(const char * name, std::initializer_list<set_case> cases) {
         EXPECT_EQ(record.set(line), each.code) << each.line;
         const std::string told = each.told;
         const std::string trace = std::string("T[E] ") + name + "::set Invalid ";
-        EXPECT_EQ(spoken.take(),
-                  each.code == 0 ? ""
-                  : each.code == 101
-                      ? "L MSG0136 [El The value <" + told + "> is invalid as operating system.\n" + trace +
-                            "operating system <" + told + "> found\n"
-                      : "L MSG0134 [Fl Keyword " + told + " is invalid in the currently read input file\n" +
-                            trace + "keyword <" + told + "> found\n")
+        EXPECT_EQ(spoken.take(), each.code == 0 ? ""
+                                 : each.code == 101
+                                     ? "L MSG0136 [El The value <" + told + "> is invalid as operating system.\n" +
+                                           trace + "operating system <" + told + "> found\n"
+                                     : "L MSG0134 [Fl Keyword " + told +
+                                           " is invalid in the currently read input file\n" + trace + "keyword <" +
+                                           told + "> found\n")
             << each.line;
         EXPECT_EQ(shown(record), each.shown) << each.line;
         EXPECT_EQ(text_of(line), each.line);

@@ -48,9 +48,7 @@ const fs::path & test_directory() {
     return directory;
 }
 
-void write_file(const std::string & name, const std::string & bytes) {
-    std::ofstream(name, std::ios::binary) << bytes;
-}
+void write_file(const std::string & name, const std::string & bytes) { std::ofstream(name, std::ios::binary) << bytes; }
 
 std::string read_file(const std::string & name) {
     std::ifstream file(name, std::ios::binary);
@@ -132,8 +130,7 @@ int main(int argc, char ** argv) {
     set_variable("KTXPATH", test_directory().string().c_str());
     set_variable("KTXWORK", test_directory().string().c_str());
     set_variable("brdcfg", (test_directory() / "brodan").string().c_str());
-    for (const char * name :
-         {"ktxcfp", "ktxrmtf", "ktxlsize", "ktxtsize", "ktxllev", "ktxtlev", "ostrel_trace_level"})
+    for (const char * name : {"ktxcfp", "ktxrmtf", "ktxlsize", "ktxtsize", "ktxllev", "ktxtlev", "ostrel_trace_level"})
         set_variable(name, nullptr);
     const int result = RUN_ALL_TESTS();
     fs::current_path(directory.parent_path());

@@ -35,16 +35,14 @@ void * operator new(std::size_t size) { return std::malloc(size); }
 
 namespace {
 
-constexpr char sample[] =
-    "count = 3\nhq = any,HQ1\nnorth and some more = any,NORTHERN DOMAIN,push,HQ1\n"
-    "south = any,STH,push,NORTHERN DOMAIN\n[hq]\ncount = 0\n[north and some more]\ncount = 1\n"
-    "entry\n[south]\ncount = 0\n";
+constexpr char sample[] = "count = 3\nhq = any,HQ1\nnorth and some more = any,NORTHERN DOMAIN,push,HQ1\n"
+                          "south = any,STH,push,NORTHERN DOMAIN\n[hq]\ncount = 0\n[north and some more]\ncount = 1\n"
+                          "entry\n[south]\ncount = 0\n";
 
 TEST(Memory, ReadingLinesTakesNone) {
     std::string text;
     for (int i = 0; i < 20000; ++i)
-        text += i % 10 == 0 ? "caf\xC3\xA9 and twenty more characters\n"
-                            : "forty characters of text, all in ASCII..\n";
+        text += i % 10 == 0 ? "caf\xC3\xA9 and twenty more characters\n" : "forty characters of text, all in ASCII..\n";
     write_file("lines.txt", text);
     kt_file file(pathname("lines.txt"));
     EXPECT_EQ(file.open("r"), 0);
@@ -160,8 +158,7 @@ TEST(Memory, ASectionTakesItsRecordAlone) {
     const auto needed = [](int sections) {
         std::string text;
         for (int i = 0; i < sections; ++i)
-            text +=
-                "USER=u" + std::to_string(i) + "\n  AUTHORIZATION PROFILE=p\n# forty characters of note\n";
+            text += "USER=u" + std::to_string(i) + "\n  AUTHORIZATION PROFILE=p\n# forty characters of note\n";
         write_file("in.txt", text);
         file_input_parms input;
         const long before = allocations;
