@@ -9,18 +9,24 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "orvet/foundation/base/memory.h"
+
 namespace orvet::platform {
 
 const char16_t separator = u'/';
 
 namespace {
 
-/// The bytes of a path; null, with `errno` set, for a text that no file can be named.
-const char * native(const ustring & path)
+/// The bytes of a path or command; null, with `errno` set, for a text with a zero in it and when memory is
+/// short.
+const char * native(const ustring & text)
 {
-    if (path.find(u'\0') == ustring::npos)
-        return path.mbcs_str();
-    errno = EINVAL;
+    memory_watch watch;
+    const bool whole = text.find(u'\0') == ustring::npos;
+    const char * const bytes = whole ? text.mbcs_str() : nullptr;
+    if (whole && !watch.failed())
+        return bytes;
+    errno = whole ? ENOMEM : EINVAL;
     return nullptr;
 }
 

@@ -8,6 +8,7 @@
 #include <malloc.h>
 #include <windows.h>
 
+#include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/utf8.h"
 
 namespace orvet::platform {
@@ -19,7 +20,8 @@ namespace {
 static_assert(sizeof(wchar_t) == sizeof(char16_t));
 
 /// A text as this system takes it: in its 16-bit form, or as the bytes that it was read from when those were
-/// no UTF-8. `bytes` and `wide` are both null, with `errno` set, for a text that no file can be named.
+/// no UTF-8. `bytes` and `wide` are both null, with `errno` set, for a text with a zero in it and when memory
+/// is short.
 struct native_text {
     explicit native_text(const ustring & text)
     {
@@ -28,7 +30,7 @@ struct native_text {
         else if (is_whole(text))
             wide = reinterpret_cast<const wchar_t *>(text.data());
         else
-            bytes = text.mbcs_str();
+            take_bytes(text);
     }
 
     static bool is_whole(const ustring & text)
@@ -40,6 +42,16 @@ struct native_text {
             i += utf8::is_high(units[i]);
         }
         return true;
+    }
+
+    void take_bytes(const ustring & text)
+    {
+        memory_watch watch;
+        bytes = text.mbcs_str();
+        if (watch.failed()) {
+            bytes = nullptr;
+            errno = ENOMEM;
+        }
     }
 
     const wchar_t * wide = nullptr;
