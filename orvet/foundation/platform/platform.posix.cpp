@@ -2,11 +2,13 @@
 
 #include <cerrno>
 #include <cinttypes>
+#include <cstdlib>
 #include <cstring>
 
 #include <fcntl.h>
 #include <malloc.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "orvet/foundation/base/memory.h"
@@ -84,6 +86,17 @@ bool exists(const ustring & path)
 {
     const char * const name = native(path);
     return name && access(name, F_OK) == 0;
+}
+
+const char print_command[] = "cat";
+
+int run_command(const ustring & line)
+{
+    const char * const text = native(line);
+    const int status = text ? std::system(text) : -1;
+    if (status == -1)
+        return -1;
+    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 unsigned long last_error()

@@ -1,6 +1,7 @@
 #include "orvet/foundation/platform/platform.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <cwchar>
 
@@ -118,6 +119,14 @@ bool exists(const ustring & path)
 {
     const native_text name(path);
     return name.wide ? _waccess(name.wide, 0) == 0 : name.bytes && _access(name.bytes, 0) == 0;
+}
+
+const char print_command[] = "type";
+
+int run_command(const ustring & line)
+{
+    const native_text text(line);
+    return text.wide ? _wsystem(text.wide) : text.bytes ? std::system(text.bytes) : -1;
 }
 
 unsigned long last_error()
