@@ -15,6 +15,7 @@ struct command {
 
 constexpr command commands[] = {
     {"domains", show_domains, "show the domains and targets of the scan result file named by -file"},
+    {"listing", ask_brodan, "list Brodan's targets and the object named by -obj; -rcmd says who answers"},
 };
 
 // The kind of tool this is: "-cmd" and "-ini" are mandatory.
