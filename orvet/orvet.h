@@ -4,6 +4,9 @@
 /// The whole library; each header can be had by itself as well.
 #include "orvet/cmdline/input_parms.h"
 #include "orvet/cmdline/setup.h"
+#include "orvet/commands/brod_base.h"
+#include "orvet/commands/listings.h"
+#include "orvet/commands/resolve_tokens.h"
 #include "orvet/files/kt_file.h"
 #include "orvet/files/sections.h"
 #include "orvet/files/topology.h"

@@ -17,6 +17,7 @@ constexpr command commands[] = {
     {"domains", show_domains, "show the domains and targets of the scan result file named by -file"},
     {"records", show_records,
      "show the records of the input file named by -file; -obj agents, profiles or users"},
+    {"listing", ask_brodan, "list Brodan's targets and the object named by -obj; -rcmd says who answers"},
 };
 
 // The kind of tool this is: "-cmd" and "-ini" are mandatory.

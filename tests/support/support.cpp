@@ -64,9 +64,11 @@ std::string plain_line_ends(std::string text) {
 
 std::string read_text(const std::string & name) { return plain_line_ends(read_file(name)); }
 
+std::string scenario_command(const std::string & name) { return program + " --scenario " + name; }
+
 std::string run_scenario(const std::string & name) {
     const std::string output = "scenario." + name + ".out";
-    const int code = std::system((program + " --scenario " + name + " >" + output).c_str());
+    const int code = std::system((scenario_command(name) + " >" + output).c_str());
     return read_text(output) + (code == 0 ? "" : "(ended with " + std::to_string(code) + ")");
 }
 
@@ -119,7 +121,7 @@ int main(int argc, char ** argv) {
     using namespace orvet_test;
     keep_crashes_quiet();
     program = fs::absolute(argv[0]).make_preferred().string();
-    if (argc == 3 && std::string(argv[1]) == "--scenario") {
+    if (argc >= 3 && std::string(argv[1]) == "--scenario") {
         scenarios().at(argv[2])();
         return 0;
     }

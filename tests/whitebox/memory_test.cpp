@@ -111,6 +111,12 @@ TEST(Memory, ShortageIsNeverASuccess) {
     pair texts("a key longer than what is kept inside", "value");
     with_each_shortage([&] { return std::unique_ptr<codable>(texts.clone()) != nullptr; });
 
+    initializer();
+    input_parms::ip_base_cmd() = "echo";
+    with_each_shortage([name = ustring("A.NAME.LONGER.THAN.WHAT.IS.KEPT.INSIDE")] {
+        return brod_base_ls(name).exec_brod_cmd(1, 1) == 0;
+    });
+
     const ustring line("some longer text, key = some longer value");
     write_file("line.txt", text_of(line) + "\n");
     with_each_shortage([&] {
