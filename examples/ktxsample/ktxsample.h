@@ -12,4 +12,8 @@ int show_domains(const orvet::input_parms & ip);
 /// "-cmd records -obj agents|profiles|users -file FILE": the records of an input file of that kind.
 int show_records(const orvet::input_parms & ip);
 
+/// "-cmd server -dir DIRECTORY [-srv NAME]": the servers of the brod.cfg in that directory; makes the one of
+/// that name the first.
+int choose_server(const orvet::input_parms & ip);
+
 #endif

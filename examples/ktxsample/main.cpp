@@ -17,6 +17,7 @@ constexpr command commands[] = {
     {"domains", show_domains, "show the domains and targets of the scan result file named by -file"},
     {"records", show_records,
      "show the records of the input file named by -file; -obj agents, profiles or users"},
+    {"server", choose_server, "list the servers of the brod.cfg in -dir and make that of -srv the first"},
 };
 
 // The kind of tool this is: "-cmd" and "-ini" are mandatory.
