@@ -20,6 +20,13 @@ for kind in agents profiles users; do
 done
 show ktxsample -cmd records -ini out.txt -obj users -file data/users_bad.txt
 
+cp data/brod.cfg "$work"
+show ktxsample -cmd server -ini out.txt -dir "$work" -srv TORSRV02
+printf '\n\033[1mbrod.cfg before and after:\033[0m\n'
+cat "$work/brod.bak"
+printf -- '----\n'
+cat "$work/brod.cfg"
+
 printf '\n\033[1mThe end of the trace, and the log:\033[0m\n'
 tail -n 5 "$work/ktx1.trc"
 head -n 5 "$work/ktx1.log"

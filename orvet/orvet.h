@@ -25,6 +25,7 @@
 #include "orvet/inputfiles/file_input_parms.h"
 #include "orvet/inputfiles/keywords.h"
 #include "orvet/inputfiles/user_info.h"
+#include "orvet/legacycfg/scan_cfg.h"
 #include "orvet/utilities/capture_stream.h"
 #include "orvet/utilities/heapdump.h"
 #include "orvet/utilities/kt_chkfile.h"

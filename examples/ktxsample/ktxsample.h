@@ -16,4 +16,8 @@ int show_records(const orvet::input_parms & ip);
 /// name. Without "-rcmd" the `brod` on the PATH answers; "dummy DIRECTORY" answers from canned files.
 int ask_brodan(const orvet::input_parms & ip);
 
+/// "-cmd server -dir DIRECTORY [-srv NAME]": the servers of the brod.cfg in that directory; makes the one of
+/// that name the first.
+int choose_server(const orvet::input_parms & ip);
+
 #endif

@@ -6,6 +6,7 @@ namespace orvet::code {
 
 inline constexpr short success = 0;
 
+inline constexpr short no_server = 1;       ///< `scan_cfg::set_server`: no server of that number
 inline constexpr short section_absent = -1; ///< `find_section`: not in the rest of the file
 inline constexpr short rename_failed = 6;   ///< `copy_to`
 

@@ -41,8 +41,7 @@ std::string in_migr(const char * name) { return read_text(std::string("brodan/mi
 
 /// A command on "cmd.out", set whole.
 struct test_command : brod_base {
-    explicit test_command(const ustring & text)
-        : brod_base(sset_out_file("cmd.out"), sset_out_file("x.tmp")) {
+    explicit test_command(const ustring & text) : brod_base(sset_out_file("cmd.out"), sset_out_file("x.tmp")) {
         set_brod_cmd(text, 1);
     }
 };
@@ -104,8 +103,7 @@ TEST(Command, GivesExitValueAndStreams) {
     };
     for (const auto & [command, result, out, err] :
          {row{"exit 0", 0}, row{std::string(3000, ' ') + scenario_command("speak"), 3, "out\n", "err\n"},
-          row{"no_such_command_here", -2, "", nullptr},
-          row{killed_command ? killed_command : "exit 137", 137},
+          row{"no_such_command_here", -2, "", nullptr}, row{killed_command ? killed_command : "exit 137", 137},
           row{std::string("exit 0\0 or not", 13), -1}}) {
         write_file("brodan/migr/cmd.out", "");
         write_file("brodan/migr/broderr.out", "");
@@ -162,8 +160,7 @@ TEST(DummyMode, AnswersFromCannedFiles) {
          {text_pair("BROD lstg -l>x 2>>y", "x_lstgl"), text_pair("brod lstg \\* -l -b", "x_lstglb"),
           text_pair("cat /usr/lpp/brodan/db/routetab ", "x_lsroute"),
           text_pair("cat /usr/lpp/brodan/db/snadscon/  NODE A>x", "xc_NODE A"),
-          text_pair("brod lstg \\* -l -j  GRP 2>>y", "xd_GRP 2"),
-          text_pair("brod lstg \\* -l -j", "x_invalid"),
+          text_pair("brod lstg \\* -l -j  GRP 2>>y", "xd_GRP 2"), text_pair("brod lstg \\* -l -j", "x_invalid"),
           text_pair("cat /usr/lpp/brodan/db/brod.cfg>x", "x_cfg"), text_pair(" brod lstg -l", "x_invalid")})
         EXPECT_EQ(text_of(brod_base::canned_file(command.c_str())), file) << command;
 

@@ -27,6 +27,7 @@ void print_open_files() {
 }
 
 const char * const killed_command = "kill -9 $$";
+void die() { _exit(9); }
 
 void set_variable(const char * name, const char * value) {
     if (value)

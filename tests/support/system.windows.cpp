@@ -25,6 +25,11 @@ void print_open_files() {
 
 const char * const killed_command = nullptr;
 
+void die() {
+    TerminateProcess(GetCurrentProcess(), 9);
+    std::abort();
+}
+
 void set_variable(const char * name, const char * value) { _putenv_s(name, value ? value : ""); }
 
 } // namespace orvet_test

@@ -129,6 +129,23 @@ TEST(Memory, ShortageIsNeverASuccess) {
         return done;
     });
     EXPECT_EQ(file.close(), 0);
+
+    const std::string generic = "some longer generic line\n" + std::string(40000, 'g') + "\n";
+    const std::string old_text = "SERVER: a\nSERVER: b\n" + generic;
+    std::filesystem::create_directory("a name longer than what is kept");
+    const std::string path = "a name longer than what is kept/brod.cfg";
+    const auto edit = [&] {
+        write_file(path, old_text);
+        scan_cfg cfg(path.c_str());
+        vector pairs;
+        const bool loaded = cfg.load() == 0;
+        EXPECT_EQ(cfg.generic_lines().size() + cfg.server_lines().size(), loaded ? 4U : 0U);
+        cfg.fill_vector(pairs);
+        const bool done = loaded && cfg.set_server(2) == 0;
+        EXPECT_TRUE(read_text(path) == (done ? generic + "SERVER: b\nSERVER: a\n" : old_text));
+        return done && pairs.size() == 2;
+    };
+    printed_by([&] { with_each_shortage(edit); });
 }
 
 TEST(Memory, InputFilesAreWholeOrRefused) {

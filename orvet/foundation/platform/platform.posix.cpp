@@ -82,6 +82,34 @@ int rename_file(const ustring & from, const ustring & to)
     return source && target ? std::rename(source, target) : -1;
 }
 
+int sync_stream(std::FILE * stream)
+{
+    if (fsync(fileno(stream)) == 0)
+        return 0;
+    return errno == EINVAL || errno == ENOSYS || errno == ENOTSUP || errno == EROFS ? 0 : -1;
+}
+
+int copy_permissions(const ustring & from, std::FILE * stream)
+{
+    const char * const name = native(from);
+    const int file = fileno(stream);
+    struct stat old_status;
+    struct stat status;
+    if (!name || stat(name, &old_status) != 0)
+        return 0;
+    if (fstat(file, &status) != 0)
+        return -1;
+    if (!S_ISREG(status.st_mode))
+        return 0;
+    // Whoever may not give a file away may still give it to a group of his own.
+    const uid_t same_owner = static_cast<uid_t>(-1);
+    [[maybe_unused]] const bool given = fchown(file, old_status.st_uid, old_status.st_gid) == 0 ||
+                                        fchown(file, same_owner, old_status.st_gid) == 0;
+    constexpr mode_t permissions = 0777;
+    const bool same = ((old_status.st_mode ^ status.st_mode) & permissions) == 0;
+    return same ? 0 : fchmod(file, old_status.st_mode & permissions);
+}
+
 bool exists(const ustring & path)
 {
     const char * const name = native(path);

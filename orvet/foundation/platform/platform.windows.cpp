@@ -115,6 +115,19 @@ int rename_file(const ustring & from, const ustring & to)
     return std::rename(from.mbcs_str(), to.mbcs_str());
 }
 
+int sync_stream(std::FILE * stream)
+{
+    if (_commit(_fileno(stream)) == 0)
+        return 0;
+    const DWORD error = GetLastError();
+    return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ? 0 : -1;
+}
+
+int copy_permissions(const ustring &, std::FILE *)
+{
+    return 0;
+}
+
 bool exists(const ustring & path)
 {
     const native_text name(path);
