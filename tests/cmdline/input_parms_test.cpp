@@ -1,6 +1,7 @@
 #include "support.h"
 
 #include <sstream>
+#include <tuple>
 
 using namespace orvet;
 using namespace orvet_test;
@@ -113,39 +114,21 @@ TEST_F(InputParms, ReadsCommandLines) {
 }
 
 TEST_F(InputParms, KeywordsAreOneOfASet) {
-    const struct {
-        void (input_parms::*set)(const char *);
-        std::vector<std::string> accepted;
-        const char * otherwise;
-        const ustring & (*get)(const input_parms &);
-    } cases[] = {
-        {&input_parms::set_ip_op_sys,
-         {"UVX", "WINDOWS_NT"},
-         "",
-         [](const input_parms &) -> const ustring & { return input_parms::ip_op_sys(); }},
-        {&input_parms::set_ip_obj_type,
-         {"PROC", "PLAN", "SOFTW"},
-         "",
-         [](const input_parms & ip) -> const ustring & { return ip.ip_obj_type(); }},
-        {&input_parms::set_ip_ret_val,
-         {"ok", "err"},
-         "err",
-         [](const input_parms & ip) -> const ustring & { return ip.ip_ret_val(); }},
-        {&input_parms::set_ip_type,
-         {"GEN", "ZR7CID", "WINCID", "BRD2", "PROCEDURE", "PLAN", "UVXINSTP"},
-         "err",
-         [](const input_parms & ip) -> const ustring & { return ip.ip_type(); }},
-    };
-    for (const auto & each : cases) {
+    for (const std::string line : {"-osys UVX", "-osys WINDOWS_NT", "-tobj PROC", "-tobj PLAN", "-tobj SOFTW",
+                                   "-ret ok", "-ret err", "-type GEN", "-type ZR7CID", "-type WINCID", "-type BRD2",
+                                   "-type PROCEDURE", "-type PLAN", "-type UVXINSTP"}) {
         input_parms ip;
-        for (const std::string & word : each.accepted) {
-            EXPECT_EQ(printed_by([&] { (ip.*each.set)(word.c_str()); }), "");
-            EXPECT_EQ(text_of(each.get(ip)), word);
-        }
-        for (const std::string & word : {each.accepted[0] + "x", each.accepted[0].substr(1), std::string()})
-            EXPECT_NE(printed_by([&] { (ip.*each.set)(word.c_str()); }), "") << word;
-        EXPECT_EQ(text_of(each.get(ip)), each.otherwise);
+        EXPECT_EQ(outcome(ip, "tool " + line), "0 | " + line.substr(0, line.find(' ')) + " | ");
+        const std::string values = text_of(ip.ip_obj_type()) + text_of(ip.ip_ret_val()) + text_of(ip.ip_type());
+        EXPECT_EQ(line[1] == 'o' ? text_of(ip.ip_op_sys()) : values, line.substr(line.find(' ') + 1));
     }
+    input_parms ip;
+    printed_by([&] {
+        ip.set_ip_obj_type("PROC ");
+        ip.set_ip_ret_val("");
+        ip.set_ip_type("TYPE");
+    });
+    EXPECT_EQ(text_of(ip.ip_obj_type()) + "|" + text_of(ip.ip_ret_val()) + "|" + text_of(ip.ip_type()), "|err|err");
 }
 
 TEST_F(InputParms, ClassLevelValuesAreSharedAndMarksAreNot) {
@@ -153,40 +136,36 @@ TEST_F(InputParms, ClassLevelValuesAreSharedAndMarksAreNot) {
     first.set_ip_base_cmd("dummy dir");
     first.set_ip_log_level("abc");
     first.set_ip("-NOSUCH");
-    first.set_ip("-log2");
     EXPECT_EQ(text_of(second.ip_base_cmd()), "dummy dir");
-    EXPECT_EQ(marks(first), "-log -rcmd");
-    EXPECT_EQ(marks(second), "");
+    EXPECT_EQ(marks(first) + "|" + marks(second), "-log -rcmd|");
     EXPECT_EQ(first.ip_log_level(), 0);
 }
 
 TEST_F(InputParms, ValidatesAgainstTwoLists) {
     using list = std::vector<const char *>;
-    const struct {
-        std::vector<const char *> given;
-        list mandatory, allowed;
-        int result;
-        const char * printed;
-    } cases[] = {
+    const auto missing = [](const std::string & name) {
+        return "MSGI0007 [F] The mandatory input parameter " + name + " was not supplied.\n";
+    };
+    const auto foreign = [](const std::string & name) {
+        return "MSGI0008 [W] The option " + name + " specified at call time is not allowed.\n";
+    };
+    const std::tuple<list, list, list, int, std::string> cases[] = {
         {{}, {}, {}, 1, ""},
         {{"-log", "-ini"}, {"-ini"}, {"-log"}, 1, ""},
-        {{"-trc", "-log"},
-         {},
-         {},
-         1,
-         "MSGI0008 [W] The option -log specified at call time is not allowed.\n"
-         "MSGI0008 [W] The option -trc specified at call time is not allowed.\n"},
-        {{"-log"}, {"-ini", "-tool"}, {}, 0, "MSGI0007 [F] The mandatory input parameter -ini was not supplied.\n"},
-        {{"-ini"}, {"-ini", "-tool"}, {}, 0, "MSGI0007 [F] The mandatory input parameter -tool was not supplied.\n"},
-        {{"-ini"}, {"-nosuch", "-INI", "-ini"}, {}, 1, ""},
-    };
-    for (auto each : cases) {
+        {{"-trc", "-log"}, {}, {}, 1, foreign("-log") + foreign("-trc")},
+        {{"-log"}, {"-ini", "-tool"}, {}, 0, missing("-ini")},
+        {{"-ini"}, {"-ini", "-tool"}, {}, 0, missing("-tool")},
+        {{"-ini"}, {"-nosuch", "-INI", "-ini"}, {}, 1, ""}};
+    for (auto [given, must, may, result, printed] : cases) {
         input_parms ip;
-        for (const char * const name : each.given) ip.set_ip(name);
-        each.mandatory.push_back(nullptr);
-        each.allowed.push_back(nullptr);
-        EXPECT_EQ(printed_by([&] { EXPECT_EQ(ip.validate(each.mandatory.data(), each.allowed.data()), each.result); }),
-                  each.printed);
+        for (const char * const name : given) ip.set_ip(name);
+        must.push_back(nullptr);
+        may.push_back(nullptr);
+        const char * const * const m = must.data(); // a lambda can't capture what is bound
+        const char * const * const a = may.data();
+        int valid = -1;
+        EXPECT_EQ(printed_by([&] { valid = ip.validate(m, a); }), printed);
+        EXPECT_EQ(valid, result);
     }
 }
 
@@ -240,38 +219,25 @@ TEST(OptionTable, HasTheProfilesOfTheTools) {
     for (std::size_t i = 0; i < 19; ++i) EXPECT_EQ(text_of(ip_profiles[i]), expected[i]) << "profile " << i + 1;
 }
 
-TEST(SetUp, AppliesSizesAndLevels) {
-    transcript lines(0, 0); // restores the channels
-    input_parms ip;
-    ip.set_ip_log_level("1");
-    ip.set_ip_trace_level("2");
-    setloglevel(ip);
-    EXPECT_EQ(trace::level(orvet::log::wa()), 1);
-    EXPECT_EQ(trace::level(system_trace::wa()), 2);
-    EXPECT_EQ(trace::max_size(orvet::log::wa()), 500000);
-    log_message(messages::MSG0001);
-    EXPECT_EQ(lines.take(), "");
-
-    ip.set_ip_log_level("6");
-    ip.set_ip_trace_level("6");
-    set_variable("ostrel_trace_level", "4");
-    setloglevel(ip);
-    set_variable("ostrel_trace_level", nullptr);
-    EXPECT_EQ(trace::level(orvet::log::wa()), 4);
-    EXPECT_EQ(trace::level(system_trace::wa()), 4);
-}
-
-const scenario channel_sizes("channel_sizes", [] {
+const scenario set_up("set_up", [] {
+    const auto state = [] {
+        std::printf("%ld %ld %d %d\n", trace::max_size(orvet::log::wa()), trace::max_size(system_trace::wa()),
+                    trace::level(orvet::log::wa()), trace::level(system_trace::wa()));
+    };
     set_variable("ktxlsize", "7");
     set_variable("ktxtsize", "8");
     set_variable("ktxllev", "3");
     set_variable("ktxtlev", "-4");
     input_parms ip;
     setloglevel(ip);
-    std::printf("%ld %ld %d %d\n", trace::max_size(orvet::log::wa()), trace::max_size(system_trace::wa()),
-                trace::level(orvet::log::wa()), trace::level(system_trace::wa()));
+    state();
+    ip.set_ip_log_level("6");
+    ip.set_ip_trace_level("6");
+    set_variable("ostrel_trace_level", "4");
+    setloglevel(ip);
+    state();
 });
 
-TEST(SetUp, TakesTheEnvironmentsDefaults) { EXPECT_EQ(run_scenario("channel_sizes"), "7 8 3 -4\n"); }
+TEST(SetUp, AppliesSizesAndLevels) { EXPECT_EQ(run_scenario("set_up"), "7 8 3 -4\n7 8 4 4\n"); }
 
 } // namespace
