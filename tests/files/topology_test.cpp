@@ -1,5 +1,7 @@
 #include "support.h"
 
+#include <tuple>
+
 using namespace orvet;
 using namespace orvet_test;
 
@@ -7,110 +9,76 @@ namespace {
 
 /// What a load leaves: codes, server, then a line a domain.
 struct loaded {
-    short top_code = 0;
-    short offsets_code = -99;
+    explicit loaded(const std::string & text, int trace_level = 6) {
+        write_file("scan.txt", text);
+        kt_file file(pathname("scan.txt"));
+        EXPECT_EQ(file.open("r"), 0);
+        EXPECT_EQ(file.find_section("[topology]"), 0);
+        transcript said(trace_level);
+        top_code = file.load_top(server, topv);
+        if (top_code == 0)
+            offsets_code = file.load_offsets(topv);
+        lines = said.take();
+        EXPECT_EQ(file.close(), 0);
+        for (unsigned i = 0; i < topv.size(); ++i)
+            names += text_of(static_cast<const top_entry &>(*topv[i]).domain_name) + " ";
+    }
+    short top_code = 0, offsets_code = -99;
     ustring server;
     vector topv;
-    std::string lines;
-
-    std::string domains() const {
-        std::string text;
-        for (unsigned i = 0; i < topv.size(); ++i) {
-            const auto & domain = static_cast<const top_entry &>(*topv[i]);
-            const auto & section = static_cast<const sof_entry &>(*domain.trg_sect_info[0]);
-            text += text_of(domain.domain_name) + " " + text_of(domain.dep_path.text()) + " " +
-                    text_of(section.sect_name) + " " + std::to_string(section.sect_count) + " " +
-                    std::to_string(section.sect_offset) + "\n";
-        }
-        return text;
-    }
+    std::string names, lines;
 };
 
-void load(loaded & result, const std::string & text, int trace_level = 6) {
-    write_file("scan.txt", text);
-    kt_file file(pathname("scan.txt"));
-    EXPECT_EQ(file.open("r"), 0);
-    EXPECT_EQ(file.find_section("[topology]"), 0);
-    transcript lines(trace_level);
-    result.top_code = file.load_top(result.server, result.topv);
-    if (result.top_code == 0)
-        result.offsets_code = file.load_offsets(result.topv);
-    result.lines = lines.take();
-    EXPECT_EQ(file.close(), 0);
-}
-
-constexpr char sample[] = "[topology]\n"
-                          "count = 3\n"
-                          "hq = any,HQ1\n"
-                          "north = any,NTH,push,HQ1\n"
-                          "south = any,STH,push,NTH\n"
-                          "\n"
-                          "[hq]\n"
-                          "count = 2\n"
-                          "entry 1\n"
-                          "entry 2\n"
-                          "[north]\n"
-                          "count = 0\n"
-                          "[south]\n"
-                          "count = 1\n"
-                          "entry 3\n";
-
-TEST(Topology, LoadsTheSampleWithItsWholeTrace) {
-    loaded result;
-    load(result, sample, 1);
-    EXPECT_EQ(result.top_code, 0);
-    EXPECT_EQ(result.offsets_code, 0);
+TEST(Topology, LoadsWithItsWholeTrace) {
+    const loaded result("[topology]\ncount = 2\nhq = any,HQ1\nnorth = any,NTH,push,HQ1\n\n[hq]\ncount = 1\nentry\n"
+                        "[north]\ncount = 0\n",
+                        0);
+    EXPECT_EQ(result.top_code + result.offsets_code, 0);
     EXPECT_EQ(text_of(result.server), "HQ1_HQ1");
-    const std::string north = native("HQ1_HQ1/NTH_NTH");
-    const std::string south = native("NTH_NTH/STH_STH");
-    EXPECT_EQ(result.domains(), "HQ1  [hq] 2 100\nNTH " + north + " [north] 0 134\nSTH " + south + " [south] 1 152\n");
-    const auto checkpoint = [&](const std::string & label, const char * hq, const char * nth, const char * sth) {
-        const std::string begin = "T[I] print_topv " + label + "-topv[";
-        return begin + "0] = <HQ1,> trg_sect_info = <[hq]," + hq + ">\n" + begin + "1] = <NTH," + north +
-               "> trg_sect_info = <[north]," + nth + ">\n" + begin + "2] = <STH," + south +
-               "> trg_sect_info = <[south]," + sth + ">\n";
+    const std::string path = native("HQ1_HQ1/NTH_NTH");
+    const auto call = [](const std::string & name, const std::string & own, bool returns = true) {
+        const std::string begin = "T[C] " + name + " ";
+        return begin + ">>>> ENTRY>>>>>\n" + own + (returns ? begin + "return data = 0\n" : "") + begin +
+               "<<<<<<<<<< EXIT\n";
     };
-    const auto read = [](const std::string & line) { return "T[I] kt_file::get_line read line " + line + "\n"; };
-    EXPECT_EQ(result.lines,
-              read("count = 3") + "T[I] kt_file::load_top count = <3>\n" + read("hq = any,HQ1") +
-                  "T[I] kt_file::load_top Dep = <[hq] , HQ1 , > \n" + read("north = any,NTH,push,HQ1") +
-                  "T[I] kt_file::load_top Dep = <[north] , NTH , " + north + "> \n" + read("south = any,STH,push,NTH") +
-                  "T[I] kt_file::load_top Dep = <[south] , STH , " + south + "> \n" +
-                  checkpoint("load_top_after_loading", "0,0", "0,0", "0,0") +
-                  "T[I] kt_file::load_top Valid dependency found: <1,HQ1> by <0,HQ1>\n"
-                  "T[I] kt_file::load_top Valid dependency found: <2,NTH> by <1,NTH>\n" +
-                  checkpoint("load_top_after_depcheck", "0,0", "0,0", "0,0") + read("") + read("[hq]") +
-                  read("count = 2") +
-                  "T[I] kt_file::seek_section Section <[hq]> found. Count = <2> \n"
-                  "T[I] kt_file::load_offsets Loaded offset (100) for section ([hq]) with (2) entries\n"
-                  "L MSG0114 [I]  Loading <2> targets info for domain <[hq]>.\n" +
-                  read("entry 1") + read("entry 2") + read("[north]") + read("count = 0") +
-                  "T[I] kt_file::seek_section Section <[north]> found. Count = <0> \n"
-                  "T[I] kt_file::load_offsets Loaded offset (134) for section ([north]) with (0) entries\n"
-                  "L MSG0114 [I]  Loading <0> targets info for domain <[north]>.\n" +
-                  read("[south]") + read("count = 1") +
-                  "T[I] kt_file::seek_section Section <[south]> found. Count = <1> \n"
-                  "T[I] kt_file::load_offsets Loaded offset (152) for section ([south]) with (1) entries\n"
-                  "L MSG0114 [I]  Loading <1> targets info for domain <[south]>.\n" +
-                  checkpoint("load_dom_after_loading", "2,100", "0,134", "1,152") +
-                  checkpoint("load_dom_after_qsort", "2,100", "0,134", "1,152"));
+    const auto read = [&](const std::string & line) {
+        return call("kt_file::get_line", "T[I] kt_file::get_line read line " + line + "\n", false);
+    };
+    const auto checkpoint = [&](const std::string & label, const std::string & hq, const std::string & north) {
+        const std::string begin = "T[I] print_topv " + label + "-topv[";
+        return call("print_topv", begin + "0] = <HQ1,> trg_sect_info = <[hq]," + hq + ">\n" + begin + "1] = <NTH," +
+                                      path + "> trg_sect_info = <[north]," + north + ">\n");
+    };
+    const auto section = [&](const std::string & skipped, const std::string & name, int count, int offset) {
+        const std::string n = std::to_string(count), at = std::to_string(offset);
+        return call("kt_file::seek_section", skipped + read(name) + read("count = " + n) +
+                                                 "T[I] kt_file::seek_section Section <" + name + "> found. Count = <" +
+                                                 n + "> \n") +
+               call("kt_file::get_pos", "") + "T[I] kt_file::load_offsets Loaded offset (" + at + ") for section (" +
+               name + ") with (" + n + ") entries\nL MSG0114 [I]  Loading <" + n + "> targets info for domain <" +
+               name + ">.\n";
+    };
+    const std::string top = "T[I] kt_file::load_top ";
+    EXPECT_EQ(
+        result.lines,
+        call("kt_file::load_top",
+             read("count = 2") + top + "count = <2>\n" + read("hq = any,HQ1") + top + "Dep = <[hq] , HQ1 , > \n" +
+                 read("north = any,NTH,push,HQ1") + top + "Dep = <[north] , NTH , " + path + "> \n" +
+                 checkpoint("load_top_after_loading", "0,0", "0,0") + top +
+                 "Valid dependency found: <1,HQ1> by <0,HQ1>\n" + checkpoint("load_top_after_depcheck", "0,0", "0,0")) +
+            call("kt_file::load_offsets", section(read(""), "[hq]", 1, 75) + section(read("entry"), "[north]", 0, 99) +
+                                              checkpoint("load_dom_after_loading", "1,75", "0,99") +
+                                              checkpoint("load_dom_after_qsort", "1,75", "0,99")));
 }
 
-/// A topology section of these lines; each key has an empty target section unless `sections` is false.
-std::string topology(const std::vector<std::string> & domains, bool sections = true) {
-    std::string text = "[topology]\ncount = " + std::to_string(domains.size()) + "\n";
-    for (const std::string & domain : domains) text += domain + "\n";
-    for (const std::string & domain : domains)
-        if (sections)
-            text += "[" + domain.substr(0, domain.find(" = ")) + "]\ncount = 0\n";
-    return text;
-}
-
-std::string names(const loaded & result) {
-    std::string text;
-    for (unsigned i = 0; i < result.topv.size(); ++i)
-        text += text_of(static_cast<const top_entry &>(*result.topv[i]).domain_name) + " ";
-    return text;
+/// A topology section of these lines; each key has an empty target section.
+std::string topology(const std::vector<std::string> & domains) {
+    std::string text = "[topology]\ncount = " + std::to_string(domains.size()) + "\n", sections;
+    for (const std::string & domain : domains) {
+        text += domain + "\n";
+        sections += "[" + domain.substr(0, domain.find(" = ")) + "]\ncount = 0\n";
+    }
+    return text + sections;
 }
 
 TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing) {
@@ -118,12 +86,12 @@ TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing) {
         return "L MSG0107 [E]  Discovered domain number <" + std::to_string(number) + "> with RGN <" + name +
                "> depends from unexisting domain <" + dependency + ">. All domain targets will be ignored.\n";
     };
-    const struct {
-        const char * what;
-        std::vector<std::string> domains;
-        std::string kept;
-        std::string log;
-    } cases[] = {
+    const auto odd = [](int number, const std::string & name, const std::string & mode) {
+        return "L MSG0108 [W]  Discovered domain number <" + std::to_string(number) + "> with RGN <" + name +
+               "> has an invalid mode <" + mode +
+               "> (probably discovery should be started there). Domain is included anyhow.\n";
+    };
+    const std::tuple<const char *, std::vector<std::string>, std::string, std::string> cases[] = {
         {"a chain goes down to its end",
          {"r = a,R", "b = a,B,push,X", "c = a,C,push,B", "d = a,D,push,R"},
          "R D ",
@@ -149,35 +117,29 @@ TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing) {
         {"an odd mode is told and stays",
          {"r = a,R", "b = a,BB,pull,R", "c = a,CCC"},
          "R CCC BB ",
-         "L MSG0108 [W]  Discovered domain number <1> with RGN <BB> has an invalid mode <pull> (probably "
-         "discovery "
-         "should be started there). Domain is included anyhow.\n"
-         "L MSG0108 [W]  Discovered domain number <2> with RGN <CCC> has an invalid mode <> (probably "
-         "discovery "
-         "should be started there). Domain is included anyhow.\n"},
+         odd(1, "BB", "pull") + odd(2, "CCC", "")},
+        {"equal lengths stay as in the file",
+         {"r = a,R", "a = a,AAAA,push,R", "b = a,B,push,AAAA", "c = a,C,push,R", "d = a,D,push,R"},
+         "R C D AAAA B ",
+         ""},
         {"a percent sign is plain text", {"r%s%d = a,%s"}, "%s ", ""},
     };
-    for (const auto & each : cases) {
-        loaded result;
-        load(result, topology(each.domains));
-        EXPECT_EQ(result.top_code, 0) << each.what;
-        EXPECT_EQ(result.offsets_code, 0) << each.what;
-        EXPECT_EQ(names(result), each.kept) << each.what;
-        EXPECT_EQ(result.lines.substr(0, result.lines.find("L MSG0114")), each.log) << each.what;
+    for (const auto & [what, domains, kept, log] : cases) {
+        const loaded result(topology(domains));
+        EXPECT_EQ(result.top_code + result.offsets_code, 0) << what;
+        EXPECT_EQ(result.names, kept) << what;
+        EXPECT_EQ(result.lines.substr(0, result.lines.find("L MSG0114")), log) << what;
     }
-}
 
-TEST(Topology, TracesThePlaceInTheVectorAndTheNumberInTheFile) {
-    loaded result;
-    load(result, topology({"r = a,R", "b = a,B,push,X", "c = a,C,push,D", "d = a,D,push,D", "e = a,E,push,C"}), 1);
+    // The trace tells the place in the vector, the log the number in the file.
+    const loaded result(topology({"r = a,R", "b = a,B,push,X", "c = a,C,push,D", "d = a,D,push,D", "e = a,E,push,C"}),
+                        1);
     std::string check = result.lines.substr(result.lines.find("T[E]"));
     check.erase(check.find("T[I] print_topv"));
-    EXPECT_EQ(check, "T[E] kt_file::load_top Invalid domaind dependency found <1,B,X>\n"
-                     "L MSG0107 [E]  Discovered domain number <1> with RGN <B> depends from unexisting domain <X>. "
-                     "All domain targets will be ignored.\n"
-                     "T[I] kt_file::load_top Valid dependency found: <1,D> by <2,D>\n"
-                     "T[I] kt_file::load_top Valid dependency found: <2,D> by <2,D>\n"
-                     "T[I] kt_file::load_top Valid dependency found: <3,C> by <1,C>\n");
+    EXPECT_EQ(check, "T[E] kt_file::load_top Invalid domaind dependency found <1,B,X>\n" + gone(1, "B", "X") +
+                         "T[I] kt_file::load_top Valid dependency found: <1,D> by <2,D>\n"
+                         "T[I] kt_file::load_top Valid dependency found: <2,D> by <2,D>\n"
+                         "T[I] kt_file::load_top Valid dependency found: <3,C> by <1,C>\n");
 }
 
 TEST(Topology, RefusesWhatItCantRead) {
@@ -186,54 +148,37 @@ TEST(Topology, RefusesWhatItCantRead) {
     const auto missing = [](const std::string & head) {
         return "L MSG0113 [E]  Unable to locate section <" + head + "> in file <scan.txt>.\n";
     };
-    const std::string root = "[topology]\ncount = 2\nr = a,R\n";
-    const struct {
-        std::string text;
-        short top_code, offsets_code;
-        std::string domains;
-        std::string server;
-        std::string log;
-    } cases[] = {
-        {"[topology]", 259, -99, "", "", no_count},
-        {"[topology]\ncount=1\nr = a,R\n", 259, -99, "", "", no_count},
-        {"[topology]\ncount = 32768\nr = a,R\n", 259, -99, "", "", no_count},
-        {"[topology]\ncount = 99999999999\nr = a,R\n", 259, -99, "", "", no_count},
-        {"[topology]\ncount = -1\nr = a,R\n", 0, 0, "", "", ""},
-        {"[topology]\ncount = many\n", 0, 0, "", "", ""},
-        {root + "bad line\n", 258, -99, "R ", "R_R",
-         "L MSG0111 [E]  Error parsing line <1> of section <topology> of file <scan.txt>. A \"<key> = "
-         "<value>\" "
-         "string was expected.\n"},
-        {"[topology]\ncount = 1\nbad\n", 258, -99, "", "",
-         "L MSG0111 [E]  Error parsing line <0> of section <topology> of file <scan.txt>. A \"<key> = "
-         "<value>\" "
-         "string was expected.\n"},
-        {root + "b = a,B,push\n[b]\ncount = 1\n[r]\ncount = 1\n", 0, 260, "R B ", "R_R",
-         "L MSG0114 [I]  Loading <1> targets info for domain <[r]>.\n" + missing("[b]")},
-        {root + "b = a,B,push\n[r]\nno count\n", 0, 258, "R B ", "R_R", missing("[r]")},
-        // More lines are counted than there are: the last one stands for the rest.
-        {"[topology]\ncount = 3\nr = a,R\n", 0, 260, "R R R ", "R_R", missing("[r]")},
-        {"[topology]\r\ncount = 1\r\nr = a,R\r\n[r]\r\ncount = x", 0, 0, "R ", "R_R",
-         "L MSG0114 [I]  Loading <0> targets info for domain <[r]>.\n"},
+    const auto bad_line = [](const std::string & number) {
+        return "L MSG0111 [E]  Error parsing line <" + number +
+               "> of section <topology> of file <scan.txt>. A \"<key> = "
+               "<value>\" string was expected.\n";
     };
-    for (const auto & each : cases) {
-        loaded result;
-        load(result, each.text);
-        EXPECT_EQ(result.top_code, each.top_code) << each.text;
-        EXPECT_EQ(result.offsets_code, each.offsets_code) << each.text;
-        EXPECT_EQ(names(result), each.domains) << each.text;
-        EXPECT_EQ(text_of(result.server), each.server) << each.text;
-        std::string log = result.lines;
-        for (std::size_t at; (at = log.find("L MSG0108")) != std::string::npos;)
-            log.erase(at, log.find('\n', at) + 1 - at);
-        EXPECT_EQ(log, each.log) << each.text;
+    const std::string root = "[topology]\ncount = 2\nr = a,R\n", loading = "L MSG0114 [I]  Loading <";
+    const std::tuple<std::string, int, int, std::string, std::string> cases[] = {
+        {"[topology]", 259, -99, "", no_count},
+        {"[topology]\ncount=1\nr = a,R\n", 259, -99, "", no_count},
+        {"[topology]\ncount = 32768\nr = a,R\n", 259, -99, "", no_count},
+        {"[topology]\ncount = 99999999999\nr = a,R\n", 259, -99, "", no_count},
+        {"[topology]\ncount = -1\nr = a,R\n", 0, 0, "", ""},
+        {"[topology]\ncount = many\n", 0, 0, "", ""},
+        {"[topology]\ncount = 1\nbad\n", 258, -99, "", bad_line("0")},
+        {root + "bad line\n", 258, -99, "R ", bad_line("1")},
+        {root + "b = a,B,push\n[b]\ncount = 1\n[r]\ncount = 1\n", 0, 260, "R B ",
+         loading + "1> targets info for domain <[r]>.\n" + missing("[b]")},
+        {root + "b = a,B,push\n[r]\nno count\n", 0, 258, "R B ", missing("[r]")},
+        {"[topology]\ncount = 3\nr = a,R,push\n", 0, 260, "R R R ",
+         missing("[r]")}, // the last line stands for the rest
+        {"[topology]\r\ncount = 1\r\nr = a,R\r\n[r]\r\ncount = x", 0, 0, "R ",
+         loading + "0> targets info for domain <[r]>.\n"},
+    };
+    for (const auto & [text, top_code, offsets_code, names, log] : cases) {
+        const loaded result(text);
+        EXPECT_EQ(result.top_code, top_code) << text;
+        EXPECT_EQ(result.offsets_code, offsets_code) << text;
+        EXPECT_EQ(result.names, names) << text;
+        EXPECT_EQ(text_of(result.server), names.empty() ? "" : "R_R") << text;
+        EXPECT_EQ(result.lines, log) << text;
     }
-}
-
-TEST(Topology, SortsByTheLengthOfThePathAlone) {
-    loaded result;
-    load(result, topology({"r = a,R", "a = a,AAAA,push,R", "b = a,B,push,AAAA", "c = a,C,push,R", "d = a,D,push,R"}));
-    EXPECT_EQ(names(result), "R C D AAAA B "); // equal ones as in the file
 }
 
 TEST(Topology, PassesOverWhatIsNoTargetSection) {
