@@ -20,6 +20,11 @@ for kind in agents profiles users; do
 done
 show ktxsample -cmd records -ini out.txt -obj users -file data/users_bad.txt
 
+printf '\n\033[1mThe same questions to Brodan itself (here a stand-in on the PATH) and to canned files:\033[0m\n'
+PATH="$PWD/brod:$PATH"
+show ktxsample -cmd listing -ini found.out -obj APPS.EDITOR.2.1
+show ktxsample -cmd listing -ini found.out -rcmd "dummy canned"
+
 cp data/brod.cfg "$work"
 show ktxsample -cmd server -ini out.txt -dir "$work" -srv TORSRV02
 printf '\n\033[1mbrod.cfg before and after:\033[0m\n'

@@ -10,21 +10,31 @@
 
 namespace {
 
-/// The log file, and beside it what the operator should see on the screen: the warnings and errors.
-class log_with_notes : public orvet::trace_stream {
+/// The log file, and beside it what the operator should see on the screen: the warnings and errors at the
+/// end, and on a terminal how far the loading has come, since each loaded domain is logged.
+class log_for_screen : public orvet::trace_stream {
 public:
     int writeline(const char * line) override
     {
         const char * const message = std::strstr(line, "MSG");
         if (message && (std::strstr(message, " [E] ") || std::strstr(message, " [W] ")))
             notes += std::string("  ") + message;
+        if (message && watched_ && std::strncmp(message, "MSG0114", 7) == 0 && ++loaded_ % 100 == 0)
+            std::fprintf(stderr, "\r%u domains loaded", loaded_);
         return file_.writeline(line);
+    }
+    static void end_progress()
+    {
+        if (loaded_ >= 100 && is_terminal(2))
+            std::fprintf(stderr, "\r%24s\r", "");
     }
 
     static inline std::string notes;
 
 private:
     orvet::stdio_trace_stream file_{"ktx1.log"};
+    const bool watched_ = is_terminal(2);
+    static inline unsigned loaded_ = 0;
 };
 
 /// Prints the domains of a topology as a tree, each with the entries of its target section.
@@ -81,7 +91,7 @@ private:
 
     void show_targets(const orvet::sof_entry & section, const std::string & margin)
     {
-        constexpr std::size_t width = 100;
+        const std::size_t width = terminal_width();
         if (file_.seek(section.sect_offset, SEEK_SET) != 0)
             return;
         std::string row = margin;
@@ -100,13 +110,15 @@ private:
     orvet::kt_file & file_;
     const orvet::vector & topv_;
     std::vector<bool> shown_;
+    const char * bold_ = is_terminal(1) ? "\033[1m" : "";
+    const char * plain_ = is_terminal(1) ? "\033[0m" : "";
 };
 
 } // namespace
 
 int show_domains(const orvet::input_parms & ip)
 {
-    orvet::trace::set_stream(orvet::log::wa(), new log_with_notes);
+    orvet::trace::set_stream(orvet::log::wa(), new log_for_screen);
     orvet::kt_file file(ip.ip_input_file());
     orvet::vector topv;
     orvet::ustring server;
@@ -117,6 +129,7 @@ int show_domains(const orvet::input_parms & ip)
         rc = file.load_top(server, topv);
     if (rc == 0)
         rc = file.load_offsets(topv);
+    log_for_screen::end_progress();
 
     if (rc == 0 && topv.size() != 0) {
         std::printf("%s: server %s, %u domains\n\n", ip.ip_input_file().mbcs_str(), server.mbcs_str(),
@@ -125,9 +138,9 @@ int show_domains(const orvet::input_parms & ip)
     } else {
         std::printf("%s: no domains could be read, code %d\n", ip.ip_input_file().mbcs_str(), rc);
     }
-    if (!log_with_notes::notes.empty())
-        std::printf("\nTold to the operator:\n%s", log_with_notes::notes.c_str());
+    if (!log_for_screen::notes.empty())
+        std::printf("\nTold to the operator:\n%s", log_for_screen::notes.c_str());
     std::printf("\nTrace and log went to %s\n", orvet::environment::kt_inst_path().mbcs_str());
     file.close();
-    return rc == 0 ? 0 : 1;
+    return rc == 0 && log_for_screen::notes.empty() ? 0 : 1;
 }

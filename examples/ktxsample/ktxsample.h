@@ -4,7 +4,7 @@
 #include <orvet/orvet.h>
 
 // The commands of the sample tool, each in a source of its own. A command prints for the operator, and gives
-// the tool's exit value: 0 when all went well, 1 when the work could not be done.
+// the tool's exit value: 0 when all went well, 1 when the work could not be done, or not whole.
 
 /// "-cmd domains -file RESULT": the domains of a scan result file, with their targets.
 int show_domains(const orvet::input_parms & ip);
@@ -19,5 +19,12 @@ int ask_brodan(const orvet::input_parms & ip);
 /// "-cmd server -dir DIRECTORY [-srv NAME]": the servers of the brod.cfg in that directory; makes the one of
 /// that name the first.
 int choose_server(const orvet::input_parms & ip);
+
+// What the commands ask of the terminal: 1 is standard output, 2 standard error.
+
+/// True when the stream goes to a terminal, so that colour and a progress display make sense.
+bool is_terminal(int descriptor);
+/// Columns to fill: COLUMNS, or 100 when it does not say.
+unsigned terminal_width();
 
 #endif

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
+#include <string>
 #include <vector>
 
 namespace {
@@ -60,16 +61,21 @@ constexpr kind kinds[] = {
     {"users", 3, "USER=", users},
 };
 
+/// Prints aligned columns. On a terminal, what does not fit into its width is cut.
 void print(const std::vector<row> & table)
 {
     std::vector<unsigned> widths(table[0].size());
     for (const row & each : table)
         for (std::size_t i = 0; i < each.size(); ++i)
-            widths[i] = std::max(widths[i], each[i].length());
+            widths[i] = std::max(widths[i], each[i].length() + 2);
     for (const row & each : table) {
-        for (std::size_t i = 0; i + 1 < each.size(); ++i)
-            std::printf("%s%*s", each[i].mbcs_str(), static_cast<int>(widths[i] - each[i].length() + 2), "");
-        std::printf("%s\n", each.back().mbcs_str());
+        orvet::ustring line;
+        for (std::size_t i = 0; i < each.size(); ++i)
+            line.append(each[i]).append(std::string(widths[i] - each[i].length(), ' ').c_str());
+        line.strip(orvet::ustring::strip_back, u' ');
+        if (is_terminal(1))
+            line.remove(terminal_width());
+        std::printf("%s\n", line.mbcs_str());
     }
 }
 

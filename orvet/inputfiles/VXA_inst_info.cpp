@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "orvet/inputfiles/record.h"
+#include "orvet/inputfiles/record_internal.h"
 
 namespace orvet {
 

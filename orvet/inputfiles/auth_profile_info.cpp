@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "orvet/foundation/base/memory.h"
-#include "orvet/inputfiles/record.h"
+#include "orvet/inputfiles/record_internal.h"
 
 namespace orvet {
 

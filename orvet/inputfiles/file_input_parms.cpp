@@ -9,7 +9,7 @@
 #include "orvet/foundation/codes.h"
 #include "orvet/foundation/messages.h"
 #include "orvet/inputfiles/auth_profile_info.h"
-#include "orvet/inputfiles/record.h"
+#include "orvet/inputfiles/record_internal.h"
 #include "orvet/inputfiles/user_info.h"
 
 namespace orvet {

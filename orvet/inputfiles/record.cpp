@@ -1,4 +1,4 @@
-#include "orvet/inputfiles/record.h"
+#include "orvet/inputfiles/record_internal.h"
 
 #include <array>
 #include <cstring>

@@ -3,7 +3,7 @@
 #include <iterator>
 
 #include "orvet/foundation/base/memory.h"
-#include "orvet/inputfiles/record.h"
+#include "orvet/inputfiles/record_internal.h"
 
 namespace orvet {
 
