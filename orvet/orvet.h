@@ -17,6 +17,7 @@
 #include "orvet/foundation/ktobject.h"
 #include "orvet/foundation/messages.h"
 #include "orvet/foundation/trace.h"
+#include "orvet/utilities/capture_stream.h"
 #include "orvet/utilities/heapdump.h"
 #include "orvet/utilities/kt_chkfile.h"
 #include "orvet/utilities/usprintf.h"

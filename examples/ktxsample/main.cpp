@@ -24,9 +24,9 @@ constexpr int wrong_call = 2;
 
 int explain()
 {
-    std::printf("usage: ktxsample -cmd COMMAND -ini FILE [options]\n");
+    std::printf("%scommands of -cmd:\n", orvet::input_parms::usage(profile, "ktxsample").mbcs_str());
     for (const command & each : commands)
-        std::printf("  %-10s %s\n", each.name, each.purpose);
+        std::printf("    %-10s %s\n", each.name, each.purpose);
     return wrong_call;
 }
 

@@ -205,6 +205,22 @@ TEST_F(InputParms, ValidatesAgainstTwoLists) {
     }
 }
 
+TEST_F(InputParms, TellsUsageAndAllThatIsMissing) {
+    EXPECT_EQ(text_of(input_parms::usage(ip_profiles[16], "ktxplan")),
+              "usage: ktxplan -tool TEXT -dir PATH -srv TEXT -top PATH [options]\noptions:\n    -log NUMBER\n"
+              "    -trc NUMBER\n    -file PATH\n    -ret ok|err\n    -gfn TEXT\n"
+              "    -type GEN|ZR7CID|WINCID|BRD2|PROCEDURE|PLAN|UVXINSTP\n    -osys UVX|WINDOWS_NT\n    -rcmd "
+              "TEXT\n");
+    const char * const mandatory[] = {"-force", "-nosuch", "-ini", "-tool", nullptr};
+    EXPECT_EQ(text_of(input_parms::usage({mandatory, mandatory + 4}, "t")),
+              "usage: t -force -nosuch -ini PATH -tool TEXT\n");
+    input_parms ip;
+    ip.set_ip_file_name("");
+    const vector missing = ip.missing(mandatory);
+    EXPECT_EQ(missing.size(), 2U);
+    EXPECT_EQ(text_of(static_cast<const ustring &>(*missing[1])), "-tool");
+}
+
 /// A profile as "mandatory | allowed".
 std::string text_of(const option_profile & profile) {
     std::string text;

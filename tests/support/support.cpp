@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -25,18 +24,19 @@ std::map<std::string, void (*)()> & scenarios() {
 
 std::string lines;
 
-class recorder : public orvet::trace_stream {
+/// Puts the lines of both channels into one text, each with the mark of its channel.
+class recorder : public orvet::capture_stream {
 public:
-    recorder(std::string mark, std::string begin) : mark_(std::move(mark)), begin_(std::move(begin)) {}
+    explicit recorder(const char * mark) : mark_(mark) {}
     int writeline(const char * line) override {
-        const char * const text = std::strstr(line, begin_.c_str());
-        lines += mark_ + (text ? text + std::strspn(text, " ") : line);
-        return static_cast<int>(std::strlen(line));
+        const int written = capture_stream::writeline(line);
+        const orvet::vector & all = capture_stream::lines();
+        orvet_test::lines += mark_ + text_of(static_cast<orvet::ustring &>(*all[all.size() - 1])) + "\n";
+        return written;
     }
 
 private:
     std::string mark_;
-    std::string begin_; // what stands behind the time stamp
 };
 
 } // namespace
@@ -74,8 +74,8 @@ std::string run_scenario(const std::string & name) {
 
 transcript::transcript(int trace_level, int log_level) {
     lines.clear();
-    orvet::trace::set_stream(orvet::system_trace::wa(), new recorder("T", " ["));
-    orvet::trace::set_stream(orvet::log::wa(), new recorder("L ", "  MSG"));
+    orvet::trace::set_stream(orvet::system_trace::wa(), new recorder("T"));
+    orvet::trace::set_stream(orvet::log::wa(), new recorder("L "));
     orvet::trace::set_level(orvet::system_trace::wa(), trace_level);
     orvet::trace::set_level(orvet::log::wa(), log_level);
 }
