@@ -15,6 +15,17 @@ show() {
 }
 
 show ktxsample -cmd domains -ini out.txt -file data/scan.res -trc 1
+for kind in agents profiles users; do
+  show ktxsample -cmd records -ini out.txt -obj $kind -file data/$kind.txt
+done
+show ktxsample -cmd records -ini out.txt -obj users -file data/users_bad.txt
+
+cp data/brod.cfg "$work"
+show ktxsample -cmd server -ini out.txt -dir "$work" -srv TORSRV02
+printf '\n\033[1mbrod.cfg before and after:\033[0m\n'
+cat "$work/brod.bak"
+printf -- '----\n'
+cat "$work/brod.cfg"
 
 printf '\n\033[1mThe end of the trace, and the log:\033[0m\n'
 tail -n 5 "$work/ktx1.trc"

@@ -15,6 +15,10 @@ struct command {
 
 constexpr command commands[] = {
     {"domains", show_domains, "show the domains and targets of the scan result file named by -file"},
+    {"records", show_records,
+     "show the records of the input file named by -file; -obj agents, profiles or users"},
+    {"listing", ask_brodan, "list Brodan's targets and the object named by -obj; -rcmd says who answers"},
+    {"server", choose_server, "list the servers of the brod.cfg in -dir and make that of -srv the first"},
 };
 
 // The kind of tool this is: "-cmd" and "-ini" are mandatory.

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "orvet/foundation/base/memory.h"
+#include "orvet/foundation/base/name_list.h"
 #include "orvet/foundation/base/number.h"
 #include "orvet/foundation/call_trace.h"
 #include "orvet/foundation/environment.h"
@@ -70,22 +71,6 @@ void store(ustring & field, const char * value, const keyword_rule & rule)
             return;
     rule.complain(value);
     field = rule.otherwise;
-}
-
-bool holds(const char * const * list, const char * name)
-{
-    while (*list && std::strcmp(*list, name) != 0)
-        ++list;
-    return *list != nullptr;
-}
-
-/// The position of `name` in the option table; that of the null entry when it is not there.
-int index_of(const char * name)
-{
-    int i = 0;
-    while (ip_names[i] && (!name || std::strcmp(ip_names[i], name) != 0))
-        ++i;
-    return i;
 }
 
 /// What is to be known of an option: what stands for its value in a usage text, or the words that it accepts;
@@ -155,7 +140,7 @@ int option_of(const char * word)
 ustring option_text(const char * name)
 {
     ustring text(name);
-    const int option = index_of(name);
+    const int option = index_in(ip_names, name);
     if (!ip_names[option])
         return text;
     if (rows[option].value)
@@ -211,7 +196,7 @@ short input_parms::get_ips(int argc, char ** argv)
 int input_parms::validate(const char * const * mandatory, const char * const * allowed) const
 {
     for (const char * const * name = mandatory; *name; ++name) {
-        const int option = index_of(*name);
+        const int option = index_in(ip_names, *name);
         if (ip_names[option] && !ip_flags_[option]) {
             console_message(messages::MSGI0007, *name);
             return 0;
@@ -227,7 +212,7 @@ vector input_parms::missing(const char * const * mandatory) const
 {
     vector names;
     for (const char * const * name = mandatory; *name; ++name) {
-        const int option = index_of(*name);
+        const int option = index_in(ip_names, *name);
         if (ip_names[option] && !ip_flags_[option])
             names.push_back(make<ustring>(*name));
     }
@@ -249,14 +234,14 @@ ustring input_parms::usage(const option_profile & profile, const char * tool_nam
 
 void input_parms::set_ip(const char * name)
 {
-    const int option = index_of(name);
+    const int option = index_in(ip_names, name);
     if (ip_names[option])
         ip_flags_[option] = 1;
 }
 
 int input_parms::ip(const char * name) const
 {
-    return ip_flags_[index_of(name)];
+    return ip_flags_[index_in(ip_names, name)];
 }
 
 pathname & input_parms::ip_file_name()

@@ -34,8 +34,8 @@ public:
     /// names outside the option table are passed over. Prints nothing.
     vector missing(const char * const * mandatory) const;
 
-    /// How to call a tool of that profile: the mandatory options with the kind of their value or the words that
-    /// they accept, and the allowed ones, one a line. Ends in a line feed.
+    /// How to call a tool of that profile: the mandatory options with the kind of their value or the words
+    /// that they accept, and the allowed ones, one a line. Ends in a line feed.
     static ustring usage(const option_profile & profile, const char * tool_name);
 
     /// Marks the option of that name; a name outside the table marks nothing.

@@ -48,9 +48,7 @@ const fs::path & test_directory() {
     return directory;
 }
 
-void write_file(const std::string & name, const std::string & bytes) {
-    std::ofstream(name, std::ios::binary) << bytes;
-}
+void write_file(const std::string & name, const std::string & bytes) { std::ofstream(name, std::ios::binary) << bytes; }
 
 std::string read_file(const std::string & name) {
     std::ifstream file(name, std::ios::binary);
@@ -66,9 +64,11 @@ std::string plain_line_ends(std::string text) {
 
 std::string read_text(const std::string & name) { return plain_line_ends(read_file(name)); }
 
+std::string scenario_command(const std::string & name) { return program + " --scenario " + name; }
+
 std::string run_scenario(const std::string & name) {
     const std::string output = "scenario." + name + ".out";
-    const int code = std::system((program + " --scenario " + name + " >" + output).c_str());
+    const int code = std::system((scenario_command(name) + " >" + output).c_str());
     return read_text(output) + (code == 0 ? "" : "(ended with " + std::to_string(code) + ")");
 }
 
@@ -121,7 +121,7 @@ int main(int argc, char ** argv) {
     using namespace orvet_test;
     keep_crashes_quiet();
     program = fs::absolute(argv[0]).make_preferred().string();
-    if (argc == 3 && std::string(argv[1]) == "--scenario") {
+    if (argc >= 3 && std::string(argv[1]) == "--scenario") {
         scenarios().at(argv[2])();
         return 0;
     }
@@ -132,8 +132,7 @@ int main(int argc, char ** argv) {
     set_variable("KTXPATH", test_directory().string().c_str());
     set_variable("KTXWORK", test_directory().string().c_str());
     set_variable("brdcfg", (test_directory() / "brodan").string().c_str());
-    for (const char * name :
-         {"ktxcfp", "ktxrmtf", "ktxlsize", "ktxtsize", "ktxllev", "ktxtlev", "ostrel_trace_level"})
+    for (const char * name : {"ktxcfp", "ktxrmtf", "ktxlsize", "ktxtsize", "ktxllev", "ktxtlev", "ostrel_trace_level"})
         set_variable(name, nullptr);
     const int result = RUN_ALL_TESTS();
     fs::current_path(directory.parent_path());

@@ -80,6 +80,17 @@ bool widen_ascii(const unsigned char * bytes, std::size_t count, char16_t * unit
     return seen < 0x80;
 }
 
+/// The way back, by the same means.
+bool narrow_ascii(const char16_t * units, std::size_t count, char * bytes)
+{
+    char16_t seen = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        seen |= units[i];
+        bytes[i] = static_cast<char>(units[i]);
+    }
+    return seen < 0x80;
+}
+
 } // namespace
 
 std::size_t decode(const char * bytes, std::size_t count, char16_t * units) noexcept
@@ -112,6 +123,8 @@ std::size_t decode(const char * bytes, std::size_t count, char16_t * units) noex
 
 std::size_t encode(const char16_t * units, std::size_t count, char * bytes) noexcept
 {
+    if (narrow_ascii(units, count, bytes))
+        return count;
     char * out = bytes;
     for (std::size_t i = 0; i < count; ++i) {
         const char16_t unit = units[i];

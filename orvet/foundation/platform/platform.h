@@ -31,8 +31,21 @@ std::FILE * open_stream(const ustring & path, const char * mode);
 int remove_file(const ustring & path);
 /// 0 for success. Whether an existing `to` is replaced is the system's affair.
 int rename_file(const ustring & from, const ustring & to);
+/// Hands what the runtime has already flushed on to the disk itself. 0 for success, also where the stream's
+/// file system or device knows no such thing.
+int sync_stream(std::FILE * stream);
+/// Gives the file of `stream` the permissions of the file `from`, and its owner as far as the system lets it.
+/// 0 for success, also where there is nothing to be done: no file `from`, a stream that is no file, or a
+/// system whose directories decide.
+int copy_permissions(const ustring & from, std::FILE * stream);
 /// True when anything of that name is there.
 bool exists(const ustring & path);
+
+/// The shell's command that prints a file.
+extern const char print_command[];
+/// Has the system's command shell run `line` as it stands, and waits for it. Gives its exit value, 128 + n
+/// where signal n ended it, and -1, with `errno`, when no shell could be started on it.
+int run_command(const ustring & line);
 
 /// The code of the last system error.
 unsigned long last_error();

@@ -2,12 +2,16 @@
 
 #include <cerrno>
 #include <cinttypes>
+#include <cstdlib>
 #include <cstring>
 
 #include <fcntl.h>
 #include <malloc.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include "orvet/foundation/base/memory.h"
 
 namespace orvet::platform {
 
@@ -15,12 +19,16 @@ const char16_t separator = u'/';
 
 namespace {
 
-/// The bytes of a path; null, with `errno` set, for a text that no file can be named.
-const char * native(const ustring & path)
+/// The bytes of a path or command; null, with `errno` set, for a text with a zero in it and when memory is
+/// short.
+const char * native(const ustring & text)
 {
-    if (path.find(u'\0') == ustring::npos)
-        return path.mbcs_str();
-    errno = EINVAL;
+    memory_watch watch;
+    const bool whole = text.find(u'\0') == ustring::npos;
+    const char * const bytes = whole ? text.mbcs_str() : nullptr;
+    if (whole && !watch.failed())
+        return bytes;
+    errno = whole ? ENOMEM : EINVAL;
     return nullptr;
 }
 
@@ -74,10 +82,49 @@ int rename_file(const ustring & from, const ustring & to)
     return source && target ? std::rename(source, target) : -1;
 }
 
+int sync_stream(std::FILE * stream)
+{
+    if (fsync(fileno(stream)) == 0)
+        return 0;
+    return errno == EINVAL || errno == ENOSYS || errno == ENOTSUP || errno == EROFS ? 0 : -1;
+}
+
+int copy_permissions(const ustring & from, std::FILE * stream)
+{
+    const char * const name = native(from);
+    const int file = fileno(stream);
+    struct stat old_status;
+    struct stat status;
+    if (!name || stat(name, &old_status) != 0)
+        return 0;
+    if (fstat(file, &status) != 0)
+        return -1;
+    if (!S_ISREG(status.st_mode))
+        return 0;
+    // Whoever may not give a file away may still give it to a group of his own.
+    const uid_t same_owner = static_cast<uid_t>(-1);
+    [[maybe_unused]] const bool given = fchown(file, old_status.st_uid, old_status.st_gid) == 0 ||
+                                        fchown(file, same_owner, old_status.st_gid) == 0;
+    constexpr mode_t permissions = 0777;
+    const bool same = ((old_status.st_mode ^ status.st_mode) & permissions) == 0;
+    return same ? 0 : fchmod(file, old_status.st_mode & permissions);
+}
+
 bool exists(const ustring & path)
 {
     const char * const name = native(path);
     return name && access(name, F_OK) == 0;
+}
+
+const char print_command[] = "cat";
+
+int run_command(const ustring & line)
+{
+    const char * const text = native(line);
+    const int status = text ? std::system(text) : -1;
+    if (status == -1)
+        return -1;
+    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 unsigned long last_error()
