@@ -34,8 +34,8 @@ public:
     /// names outside the option table are passed over. Prints nothing.
     vector missing(const char * const * mandatory) const;
 
-    /// How to call a tool of that profile: the mandatory options with the kind of their value or the words that
-    /// they accept, and the allowed ones, one a line. Ends in a line feed.
+    /// How to call a tool of that profile: the mandatory options with the kind of their value or the words
+    /// that they accept, and the allowed ones, one a line. Ends in a line feed.
     static ustring usage(const option_profile & profile, const char * tool_name);
 
     /// Marks the option of that name; a name outside the table marks nothing.
@@ -46,8 +46,11 @@ public:
     // Levels: any whole number; text that is no number counts as 0.
     int ip_log_level() const { return ip_log_level_; }     ///< "-log"
     int ip_trace_level() const { return ip_trace_level_; } ///< "-trc"
+    ///@{
+    /// Stores the number at the front of the text; takes effect with the next `setloglevel`.
     void set_ip_log_level(const char * value);
     void set_ip_trace_level(const char * value);
+    ///@}
 
     // Class-level values: one for the process, seen by every object, never reset by one.
     static ustring & ip_op_sys();     ///< "-osys", "UVX" at first
@@ -57,10 +60,16 @@ public:
     static int & ip_t_global();       ///< "-gt", 0 at first
     /// Accepts "UVX" and "WINDOWS_NT"; any other word: MSGI0006, and the value is empty.
     void set_ip_op_sys(const char * value);
+    ///@{
+    /// Stores the text as it is, for the whole process.
     void set_ip_file_name(const char * value);
     void set_ip_base_cmd(const char * value);
+    ///@}
+    ///@{
+    /// Sets the flag to 1, for the whole process.
     void set_ip_h_global();
     void set_ip_t_global();
+    ///@}
 
     // Words of a fixed set, case respected.
     const ustring & ip_obj_type() const { return ip_obj_type_; } ///< "-tobj"
@@ -77,8 +86,11 @@ public:
     // Flags: 1 when given.
     int ip_uvxinstp() const { return ip_uvxinstp_; } ///< "-uvxp"
     int ip_force() const { return ip_force_; }       ///< "-force"
+    ///@{
+    /// Sets the flag to 1.
     void set_ip_uvxinstp();
     void set_ip_force();
+    ///@}
 
     // Texts, stored as they are.
     const ustring & ip_trg_name() const { return ip_trg_name_; }       ///< "-trg"
@@ -93,6 +105,8 @@ public:
     const ustring & ip_gfn_name() const { return ip_gfn_name_; }       ///< "-gfn"
     const ustring & ip_resgf_name() const { return ip_resgf_name_; }   ///< "-resgf"
     const ustring & ip_tokens_file() const { return ip_tokens_file_; } ///< "-ftok", a file name
+    ///@{
+    /// Stores the text as it is.
     void set_ip_trg_name(const char * value);
     void set_ip_cmd(const char * value);
     void set_ip_key(const char * value);
@@ -105,6 +119,7 @@ public:
     void set_ip_gfn_name(const char * value);
     void set_ip_resgf_name(const char * value);
     void set_ip_tokens_file(const char * value);
+    ///@}
 
     // Paths.
     const pathname & ip_top_root() const { return ip_top_root_; }           ///< "-top"
@@ -113,12 +128,15 @@ public:
     const pathname & ip_input_dir() const { return ip_input_dir_; }         ///< "-dir"
     const pathname & ip_out_dir() const { return ip_out_dir_; }             ///< "-odir"
     const pathname & ip_vxa_images() const { return ip_vxa_images_; }       ///< "-vxai"
+    ///@{
+    /// Stores the path as it is.
     void set_ip_top_root(const char * value);
     void set_ip_obj_file_name(const char * value);
     void set_ip_input_file(const char * value);
     void set_ip_input_dir(const char * value);
     void set_ip_out_dir(const char * value);
     void set_ip_vxa_images(const char * value);
+    ///@}
 
 private:
     int ip_log_level_;

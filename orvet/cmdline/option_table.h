@@ -16,8 +16,8 @@ inline constexpr const char * ip_names[31] = {
 
 /// Two lists of option names, each closed by a null entry, as `input_parms::validate` takes them.
 struct option_profile {
-    const char * const * mandatory;
-    const char * const * allowed;
+    const char * const * mandatory; ///< what the tool cannot run without
+    const char * const * allowed;   ///< what it accepts besides
 };
 
 namespace profile_lists {

@@ -44,14 +44,19 @@ public:
     const ustring & brod_cmd() const { return brod_cmd_; }
     /// A place for the tool to keep a result in; nothing here writes it. 0 at first.
     short brod_cmd_rc() const { return brod_cmd_rc_; }
+    /// Keeps a result there.
     void set_brod_cmd_rc(short rc) { brod_cmd_rc_ = rc; }
 
+    ///@{
     /// Where commands write to, and the name of the final file.
     const pathname & output_file() const { return output_file_; }
     const pathname & final_output_file() const { return final_output_file_; }
+    ///@}
+    ///@{
     /// The files to read from. They have these names at first; after that no setter changes both.
     kt_file & out_file() { return out_file_; }
     kt_file & final_out_file() { return final_out_file_; }
+    ///@}
 
     /// Gives `output_file` another name in the `migr` directory. `out_file`, which is also what the
     /// destructor removes, keeps its own.

@@ -24,7 +24,9 @@ public:
     /// and is empty where its line has no value. The file stays open; a further call opens it anew.
     void set_local_name();
 
+    /// The local name; empty until `set_local_name` has found one.
     pathname & get_local_name() { return local_name_; }
+    /// The name that the constructor was given.
     ustring & get_global_name() { return global_name_; }
 
 private:

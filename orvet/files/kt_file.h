@@ -42,8 +42,7 @@ public:
     /// Writes `size` bytes. 251, or 255 when not open.
     short write(const void * buffer, unsigned int size);
     /// Gives the stream's position in bytes. 255 when not open, with `*position` as it was; 256 with a
-    /// negative
-    /// `*position`.
+    /// negative `*position`.
     short get_pos(long * position);
     /// Reads `count` items of `size` bytes. 254 when there are fewer, with what there was in `buffer`; 255
     /// when not open.
@@ -58,6 +57,7 @@ public:
 
     /// Bytes of the file when it was opened; 0 when closed.
     long file_size() const { return size_; }
+    /// The name as it was given; what the constructor from a `ustring` makes of it has its directory.
     const pathname & file_name() const { return file_path_; }
     /// Takes effect with the next `open`.
     void set_file_name(ustring name) { file_path_ = name; }

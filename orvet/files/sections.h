@@ -8,8 +8,10 @@ namespace orvet {
 /// A text that may begin with a key.
 class ORVET_API keyval : public ustring {
 public:
+    /// Made as a `ustring` is.
     using ustring::ustring;
     keyval() = default;
+    /// A copy of the text.
     explicit keyval(const ustring & text) : ustring(text) {}
 
     /// When the text begins with `key`, in any case: takes it off, with the blanks behind it, and gives 0.

@@ -10,10 +10,12 @@ namespace orvet {
 /// The place of one section in a scan result file.
 class ORVET_API sof_entry : public ktobject {
 public:
+    /// The kinds of section.
     enum sectype {
         target_sect = 0, ///< a domain's targets; the only kind that the library makes
     };
 
+    /// Stores copies; nothing counted yet.
     sof_entry(const ustring & name, sectype type) : sect_name(name), sect_type(type) {}
     codable * clone() override;
 
@@ -21,7 +23,7 @@ public:
     ustring sect_aux;     ///< a second text, for the tools
     int sect_count = 0;   ///< entries in the section; 0 until `load_offsets` has run
     long sect_offset = 0; ///< position of the first entry's line in bytes; 0 until `load_offsets` has run
-    sectype sect_type;
+    sectype sect_type;    ///< entries of another kind than `target_sect` are passed over
 };
 
 /// One domain of a scan result file.
@@ -34,7 +36,7 @@ public:
     }
     codable * clone() override;
 
-    ustring domain_name;
+    ustring domain_name;  ///< called RGN in the messages
     pathname dep_path;    ///< the server forms of the domain it depends on and of its own; empty for the root
     vector trg_sect_info; ///< its first item is the `sof_entry` of the domain's target section
 };

@@ -23,8 +23,11 @@ namespace orvet {
 /// the entry line; the name must outlive it.
 class ORVET_API call_trace {
 public:
+    /// Writes the entry line.
     explicit call_trace(const char * name) : name_(name) { call("%s", ">>>> ENTRY>>>>>"); }
 
+    ///@{
+    /// Writes a line of that severity, when the trace's level lets it through.
     template <class... Args>
     void call(format_for<Args...> format, const Args &... args) const
     {
@@ -50,16 +53,19 @@ public:
     {
         line(severity::fatal, format, args...);
     }
+    ///@}
 
     /// The quit line: the function gives its work up.
     void quit() const { call("%s", "<><><><><> QUITTING"); }
 
     /// The exit line, for a function without a traced result.
     void leave() const { call("<<<<<<<<<< EXIT"); }
+    ///@{
     /// The return line and the exit line. Gives the result, so that a function can end in it.
     short leave(short result) const { return leave_with("return data = %hd", result); }
     int leave(int result) const { return leave_with("return data = %d", result); }
     unsigned leave(unsigned result) const { return leave_with("return data = %hu", result); }
+    ///@}
     /// The quit line ahead of both.
     template <class Result>
     Result fail(Result result) const

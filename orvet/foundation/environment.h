@@ -13,38 +13,52 @@ namespace orvet {
 /// one, and work goes on with an empty or default value.
 class ORVET_API environment {
 public:
+    ///@{
     /// `KTXPATH`, where Ketrix is installed: trace, log and bare file names lie there. Unset: MSGI0001,
     /// empty.
     static const char * get_kt_inst_path();
     static const pathname & kt_inst_path();
+    ///@}
 
+    ///@{
     /// `brdcfg`, where Brodan is installed. Unset: MSGI0002, empty.
     static const char * get_brod_inst_path();
     static const pathname & brod_inst_path();
+    ///@}
 
+    ///@{
     /// `ktxcfp`; "KTX" when unset.
     static const char * get_cf_prefix();
     static const ustring & cf_prefix();
+    ///@}
 
+    ///@{
     /// `ktxrmtf`, "yes" or "no" in any case; "no" when unset. Any other value: MSGI0003, "no".
     static const char * get_remove_temp_files();
     static const ustring & remove_temp_files();
+    ///@}
 
+    ///@{
     /// `ktxlsize` and `ktxtsize`, the limits of log and trace in bytes; 500000 when unset, 0 for no number.
     static long get_log_size();
     static long log_size();
     static long get_trace_size();
     static long trace_size();
+    ///@}
 
+    ///@{
     /// `ktxllev` and `ktxtlev`, the levels of log and trace; 0 and 6 when unset, 0 for no number.
     static int get_log_level();
     static int log_level();
     static int get_trace_level();
     static int trace_level();
+    ///@}
 
+    ///@{
     /// `KTXWORK`, the working directory of the tools. Unset: MSGI0009, empty.
     static const char * get_kt_work_path();
     static const pathname & kt_work_path();
+    ///@}
 
     /// The directory "bin" below `kt_inst_path()`; it has no variable of its own.
     static const pathname & kt_bin_path();

@@ -14,16 +14,23 @@ namespace orvet {
 /// must outlive it.
 class argument {
 public:
+    ///@{
+    /// A text; null is the empty one.
     argument(const char * text) : text_(text ? text : "") {}
     argument(const ustring & text) : text_(text.mbcs_str()) {}
     argument(const pathname & path) : text_(path.mbcs_str()) {}
+    ///@}
+    /// A whole number.
     template <std::integral Number>
     argument(Number number) : number_(static_cast<long long>(number))
     {
     }
 
+    /// True for a text, false for a number.
     bool is_text() const { return text_ != nullptr; }
+    /// The text; null for a number.
     const char * text() const { return text_; }
+    /// The number; 0 for a text.
     long long number() const { return number_; }
 
 private:
@@ -31,10 +38,12 @@ private:
     long long number_ = 0;
 };
 
+/// What fits `%s`.
 template <class T>
 concept text_argument = std::convertible_to<const T &, const char *> || std::derived_from<T, ustring> ||
     std::derived_from<T, pathname>;
 
+/// What fits any conversion.
 template <class T>
 concept format_argument = text_argument<T> || std::integral<T>;
 
@@ -82,6 +91,7 @@ constexpr conversion next_conversion(const char * format)
 template <class... Args>
 class checked_format {
 public:
+    /// Does not compile for a format that does not fit.
     consteval checked_format(const char * text) : text_(text)
     {
         constexpr bool is_text[] = {text_argument<Args>..., false};
@@ -101,6 +111,7 @@ public:
             throw "the format leaves arguments over";
     }
 
+    /// The format; a static text.
     const char * text() const { return text_; }
 
 private:

@@ -8,6 +8,7 @@ namespace orvet {
 /// Base of the records that live in vectors. It has no encoded form, and by itself it can't be cloned.
 class ORVET_API ktobject : public codable {
 public:
+    /// The name that all records share; a static text.
     static const char * const cod_name;
 
     /// `cod_name`; what `codable_name` gives for every record.

@@ -53,8 +53,11 @@ class ORVET_API trace {
 public:
     /// 6 asks for silence, unless the variable `ostrel_trace_level` says otherwise at that moment.
     static void set_level(work_area & wa, int level);
+    /// The channel's level.
     static int level(const work_area & wa) { return wa.level; }
+    /// The size limit of the channel's file in bytes; kept, and acted on by nothing.
     static void set_max_size(work_area & wa, long bytes) { wa.max_size = bytes; }
+    /// @copydoc set_max_size
     static long max_size(const work_area & wa) { return wa.max_size; }
     /// Deletes the present stream and takes over the new one; null closes the channel without a word.
     static void set_stream(work_area & wa, trace_stream * stream);
@@ -67,11 +70,14 @@ public:
     /// Ends the line with `text`, which is no format, and writes it; further arguments are ignored.
     static void write_text(work_area & wa, const char * text, ...);
 
+    ///@{
     /// The text of the operating system's last error, or of `code`, in one buffer of 128 bytes.
     static char * last_system_error_to_string(work_area & wa);
     static char * system_error_to_string(work_area & wa, unsigned long code);
+    ///@}
 
 protected:
+    /// Begins the line anew with the local time.
     static void write_current_time(work_area & wa);
 
 private:

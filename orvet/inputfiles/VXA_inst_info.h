@@ -32,6 +32,8 @@ public:
     /// 1 when the keyword was supplied, else 0.
     int fip(const char * keyword) const { return fip_flags_[keyword]; }
 
+    ///@{
+    /// The value as it is stored; valid while the object is unchanged.
     const ustring & op_system() const { return text("OPERATING_SYSTEM="); }
     const ustring & server_name() const { return text("SERVER_NAME="); }
     const ustring & server_ren_rgn() const { return text("SERVER_REN_RGN="); }
@@ -45,7 +47,10 @@ public:
     const ustring & mount_point() const { return text("MOUNT_POINT="); }
     const ustring & mount_options() const { return text("MOUNT_OPTIONS="); }
     const ustring & export_options() const { return text("EXPORT_OPTIONS="); }
+    ///@}
 
+    ///@{
+    /// Stores a copy and marks the keyword as supplied.
     void set_op_system(const ustring & value) { set_text("OPERATING_SYSTEM=", value); }
     void set_server_name(const ustring & value) { set_text("SERVER_NAME=", value); }
     void set_server_ren_rgn(const ustring & value) { set_text("SERVER_REN_RGN=", value); }
@@ -60,6 +65,7 @@ public:
     void set_mount_point(const ustring & value) { set_text("MOUNT_POINT=", value); }
     void set_mount_options(const ustring & value) { set_text("MOUNT_OPTIONS=", value); }
     void set_export_options(const ustring & value) { set_text("EXPORT_OPTIONS=", value); }
+    ///@}
 
 private:
     static constexpr int first_row = fip_row("OPERATING_SYSTEM=");

@@ -41,6 +41,8 @@ public:
     /// 1 when the keyword was supplied, else 0.
     int fip(const char * keyword) const { return fip_flags_[keyword]; }
 
+    ///@{
+    /// The value as it is stored; valid while the object is unchanged.
     const ustring & usProfileName() const { return text("PROFILE NAME="); }
     const ustring & usManageAll() const { return text("MANAGE ALL TARGETS="); }
     const ustring & usCMInstall() const { return text("CHANGE MANAGEMENT INSTALL="); }
@@ -63,7 +65,10 @@ public:
     const ustring & usConfigurationView() const { return text("CONFIGURATION VIEW="); }
     const ustring & usPurgeRequests() const { return text("PURGE REQUESTS="); }
     const ustring & usManageRequestes() const { return text("MANAGE ALL REQUESTS="); }
+    ///@}
 
+    ///@{
+    /// Stores a copy and marks the keyword as supplied.
     void set_usProfileName(const ustring & value) { set_text("PROFILE NAME=", value); }
     void set_usManageAll(const ustring & value) { set_text("MANAGE ALL TARGETS=", value); }
     void set_usCMInstall(const ustring & value) { set_text("CHANGE MANAGEMENT INSTALL=", value); }
@@ -86,6 +91,7 @@ public:
     void set_usConfigurationView(const ustring & value) { set_text("CONFIGURATION VIEW=", value); }
     void set_usPurgeRequests(const ustring & value) { set_text("PURGE REQUESTS=", value); }
     void set_usManageRequestes(const ustring & value) { set_text("MANAGE ALL REQUESTS=", value); }
+    ///@}
 
 private:
     static constexpr int first_row = fip_row("PROFILE NAME=");

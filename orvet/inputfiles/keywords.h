@@ -28,24 +28,28 @@ inline constexpr const char * fip_names[] = {
     nullptr,
 };
 
+/// How many keywords there are: the row of the null entry.
 inline constexpr int fip_count = 38;
 
 /// The row of a keyword of `fip_names`, looked up when it is compiled; one that is not in the table does not
 /// compile. A null text gives the row of the null entry.
 class fip_row {
 public:
+    /// The row of that keyword.
     consteval fip_row(const char * keyword = nullptr) : row_(index_in(fip_names, keyword))
     {
         if (keyword && !fip_names[row_])
             throw "no such keyword";
     }
+    /// The row as a number.
     constexpr operator int() const { return row_; }
 
 private:
     int row_;
 };
 
-// What each record demands and what else it allows; the lists are closed by a null entry.
+///@{
+/// What each record demands and what else it allows; closed by the row of the null entry.
 inline constexpr fip_row vxa_mandatory[] = {
     "OPERATING_SYSTEM=", "SERVER_NAME=", "SERVER_REN_RGN=", "GATEWAY_IP_ADDRESS=", "IMAGES_SERVER_NAME=",
     "EXPORTED_DIR=", "MOUNT_POINT=", nullptr,
@@ -63,6 +67,7 @@ inline constexpr auto auth_allowed = []() consteval {
 }();
 inline constexpr fip_row user_mandatory[] = {"USER=", "AUTHORIZATION PROFILE=", nullptr};
 inline constexpr fip_row user_allowed[] = {nullptr};
+///@}
 
 /// What the operating system of an agent record may begin with; `validate` takes the first two alone.
 inline constexpr const char * op_system_names[] = {"WINDOWS_NT", "WIN95", "ZR7", "UVX", nullptr};
@@ -74,6 +79,7 @@ class fip_marks {
 public:
     /// Marks a keyword; a text that is none marks nothing.
     void set(const char * keyword) { set(index_in(fip_names, keyword)); }
+    /// Marks a row; that of the null entry is never marked.
     void set(int row)
     {
         count_ += row < fip_count && !flags_[row];
@@ -81,6 +87,7 @@ public:
     }
     /// The mark of a keyword; 0 for a text that is none.
     int operator[](const char * keyword) const { return flags_[index_in(fip_names, keyword)]; }
+    /// The mark of a row.
     int operator[](int row) const { return flags_[row]; }
     /// How many keywords are marked.
     int count() const { return count_; }

@@ -36,11 +36,17 @@ public:
     /// 1 when the keyword was supplied, else 0.
     int fip(const char * keyword) const { return fip_flags_[keyword]; }
 
+    ///@{
+    /// The value as it is stored; valid while the object is unchanged.
     const ustring & usUserName() const { return text("USER="); }
     const ustring & usProfileName() const { return text("AUTHORIZATION PROFILE="); }
+    ///@}
 
+    ///@{
+    /// Stores a copy and marks the keyword as supplied.
     void set_usUserName(const ustring & value) { set_text("USER=", value); }
     void set_usProfileName(const ustring & value) { set_text("AUTHORIZATION PROFILE=", value); }
+    ///@}
 
 private:
     static constexpr int first_row = fip_row("USER=");

@@ -65,16 +65,22 @@ public:
     /// memory is short `out` stays as it was.
     void fill_vector(vector & out) const;
 
+    /// The path that the constructor was given.
     const ustring & cfg_file() const { return cfg_file_; }
+    /// How many server lines were read.
     int server_count() const { return server_count_; }
     /// The file that an operation has open; null between operations.
     std::FILE * cfg_stream() const { return cfg_stream_; }
+    ///@{
     /// Values of the last "WORKSTATION NAME:" and "PROTOCOL:" line; empty without one.
     const ustring & target_name() const { return target_name_; }
     const ustring & target_protocol() const { return target_protocol_; }
+    ///@}
+    ///@{
     /// `ustring`s, whole lines in file order.
     const vector & generic_lines() const { return generic_lines_; }
     const vector & server_lines() const { return server_lines_; }
+    ///@}
 
 private:
     bool read_lines();

@@ -23,6 +23,7 @@ public:
     const vector & lines() const { return lines_; }
     /// How many of the lines bear the letter of that severity.
     unsigned count(severity s) const { return counts_[static_cast<int>(s)]; }
+    /// Forgets the lines and the counts.
     void clear();
 
 private:

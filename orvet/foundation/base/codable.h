@@ -11,9 +11,11 @@ class decoder;
 /// Root of every class whose objects can live in a `vector`.
 class ORVET_API codable {
 public:
+    /// `version` 1, held by no vector.
     codable() noexcept : version(1) {}
     /// Copies `version` alone: a copy is held by no vector yet.
     codable(const codable & other) noexcept : version(other.version) {}
+    /// Copies `version` alone; who holds the object stays.
     codable & operator=(const codable & other) noexcept
     {
         version = other.version;
@@ -26,7 +28,9 @@ public:
 protected:
     /// Neither reads nor writes anything in this library; the object itself comes back.
     virtual codable * decode_object(decoder & from, long version);
+    /// Writes nothing.
     virtual void encode_object(encoder & to) const;
+    /// The version of the class: `version`, or 1 where a class says no other.
     virtual long codable_version() const;
 
 public:
@@ -39,6 +43,7 @@ public:
     virtual ~codable() = default;
 
 protected:
+    /// 1 from every constructor but the copying one.
     long version;
 
 private:

@@ -16,6 +16,7 @@ constexpr int index_in(const char * const * list, const char * name)
     return i;
 }
 
+/// True when the list, closed by a null entry, holds the name.
 constexpr bool holds(const char * const * list, const char * name)
 {
     return list[index_in(list, name)] != nullptr;

@@ -9,6 +9,7 @@ namespace orvet {
 class ORVET_API pair : public codable {
 public:
     pair() = default;
+    /// Stores copies.
     pair(const ustring & first_text, const ustring & second_text) : first(first_text), second(second_text) {}
 
     const char * codable_name() const override;
@@ -16,14 +17,17 @@ public:
     /// 1 when `other` is a `pair` of the same two texts, case respected.
     int operator==(const codable & other) const override;
 
+    ///@{
+    /// The same rule, also where the class of only one side is known.
     friend bool operator==(const pair & a, const pair & b) { return a.equals(b); }
     friend bool operator==(const codable & a, const pair & b) { return b.operator==(a) != 0; }
     friend bool operator!=(const pair & a, const pair & b) { return !a.equals(b); }
     friend bool operator!=(const codable & a, const pair & b) { return b.operator==(a) == 0; }
     friend bool operator!=(const pair & a, const codable & b) { return a.operator==(b) == 0; }
+    ///@}
 
-    ustring first;
-    ustring second;
+    ustring first;  ///< the key
+    ustring second; ///< its value
 
 protected:
     long codable_version() const override;

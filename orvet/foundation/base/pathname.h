@@ -9,14 +9,19 @@ namespace orvet {
 class ORVET_API pathname : public codable {
 public:
     pathname() = default;
+    /// From bytes up to their zero; null gives the empty path.
     pathname(const char * text) : text_(text) {}
     /// Copies the text; `version` is 1.
     pathname(const pathname & other) : codable(), text_(other.text_) {}
+    /// Leaves `other` empty.
     pathname(pathname && other) noexcept = default;
+    ///@{
+    /// Replaces the text.
     pathname & operator=(const pathname & other) = default;
     pathname & operator=(pathname && other) noexcept = default;
     pathname & operator=(const ustring & text);
     pathname & operator=(const char * text) { return *this = ustring(text); }
+    ///@}
 
     /// Adds an element with exactly one native separator in front of it. `/` and `\` both count as
     /// separators: those at the front of the element are dropped, and none is added behind a path that ends
@@ -24,7 +29,9 @@ public:
     /// empty element changes nothing, and what the path already holds is never rewritten.
     pathname & operator+=(const ustring & element);
 
+    /// The text; valid as long as the object.
     const ustring & text() const noexcept { return text_; }
+    /// Its multi-byte form, by the rules of `ustring::mbcs_str`.
     const char * mbcs_str() const { return text_.mbcs_str(); }
 
     const char * codable_name() const override;
@@ -33,11 +40,14 @@ public:
     /// 1 when `other` is a `pathname` with the same text, case ignored.
     int operator==(const codable & other) const override;
 
+    ///@{
+    /// The same rule, also where the class of only one side is known.
     friend bool operator==(const pathname & a, const pathname & b) { return a.equals(b); }
     friend bool operator==(const codable & a, const pathname & b) { return b.operator==(a) != 0; }
     friend bool operator!=(const pathname & a, const pathname & b) { return !a.equals(b); }
     friend bool operator!=(const codable & a, const pathname & b) { return b.operator==(a) == 0; }
     friend bool operator!=(const pathname & a, const codable & b) { return a.operator==(b) == 0; }
+    ///@}
 
 protected:
     long codable_version() const override;

@@ -15,48 +15,69 @@ namespace orvet {
 /// Case means the ASCII letters, whatever the locale. Where memory is short the object stays as it was.
 class ORVET_API ustring : public codable {
 public:
+    /// `npos` as a count means up to the end; as a result, nothing found.
     enum : unsigned { npos = 0xffffffffU };
 
     /// The ends that `strip` works on.
     enum strip_type { strip_front = 1, strip_back = 2, strip_both = 3 };
 
+    /// The empty text.
     ustring() noexcept;
     /// From bytes up to their zero; null gives the empty text.
     ustring(const char * text);
+    /// A copy; empty when memory is short.
     ustring(const ustring & other);
+    /// Takes the text over and leaves `other` empty.
     ustring(ustring && other) noexcept;
     /// The `n` units of `other` from `pos` on; empty when `pos` lies outside.
     ustring(const ustring & other, unsigned pos, unsigned n = npos);
     ~ustring() override;
 
+    /// Replaces the text.
     ustring & operator=(const ustring & other) { return assign(other); }
+    /// Takes the text over.
     ustring & operator=(ustring && other) noexcept;
 
+    /// Units of the text, the closing zero not counted.
     unsigned length() const noexcept { return length_; }
     /// The units, closed by a zero; valid while the object is unchanged.
     const char16_t * data() const noexcept { return units_; }
 
+    ///@{
+    /// Replaces the text, by a part of `other` where one is named.
     ustring & assign(const ustring & other) { return assign(other, 0, npos); }
     ustring & assign(const char * text);
     ustring & assign(const ustring & other, unsigned pos, unsigned n);
+    ///@}
+    ///@{
+    /// Adds at the end.
     ustring & append(const ustring & other);
     ustring & append(const char * text);
     ustring & operator+=(const ustring & other) { return append(other); }
     ustring & operator+=(const char * text) { return append(text); }
+    ///@}
     /// Puts the `n` units of `text` from `spos` on before `pos`, or at the end where `pos` lies behind it.
     ustring & insert(unsigned pos, const ustring & text, unsigned spos = 0, unsigned n = npos);
+    /// Cuts `n` units out, from `pos` on.
     ustring & remove(unsigned pos, unsigned n = npos);
+    /// Turns the ASCII letters of that range into capitals, or into small ones.
     ustring & to_upper(unsigned pos = 0, unsigned n = npos);
+    /// @copydoc to_upper
     ustring & to_lower(unsigned pos = 0, unsigned n = npos);
     /// Removes every `ch` at the ends that `type` names, a value of `strip_type`.
     ustring & strip(int type, char16_t ch);
 
-    /// Index of the first match at or behind `pos`, or `npos`. A `flag` other than 0 ignores case.
+    ///@{
+    /// Index of the first match, of a unit or of the `n` units of `chars`, at or behind `pos`, or `npos`. A
+    /// `flag` other than 0 ignores case.
     unsigned find(char16_t ch, unsigned pos = 0, int flag = 0) const;
     unsigned find(const char16_t * chars, unsigned pos, unsigned n, int flag = 0) const;
+    ///@}
+    ///@{
     /// The same for the first unit that is, or is not, one of the `n` units of `chars`.
     unsigned find_first_of(const char16_t * chars, unsigned pos, unsigned n, int flag = 0) const;
     unsigned find_first_not_of(const char16_t * chars, unsigned pos, unsigned n, int flag = 0) const;
+    ///@}
 
     /// 0 when the two ranges are equal, else below or above 0. A `flag` other than 0 ignores case.
     int compare(unsigned pos1, unsigned n1, const ustring & other, unsigned pos2, unsigned n2,
@@ -80,11 +101,14 @@ public:
     /// 1 when `other` is a `ustring` with the same text, case respected.
     int operator==(const codable & other) const override;
 
+    ///@{
+    /// The same rule, also where the class of only one side is known.
     friend bool operator==(const ustring & a, const ustring & b) noexcept { return a.equals(b); }
     friend bool operator==(const codable & a, const ustring & b) { return b.operator==(a) != 0; }
     friend bool operator!=(const codable & a, const ustring & b) { return b.operator==(a) == 0; }
     friend bool operator!=(const ustring & a, const codable & b) { return a.operator==(b) == 0; }
     friend bool operator!=(const ustring & a, const ustring & b) noexcept { return !a.equals(b); }
+    ///@}
 
 protected:
     long codable_version() const override;

@@ -10,10 +10,14 @@ namespace orvet {
 class ORVET_API vector : public codable {
 public:
     vector() noexcept = default;
+    ///@{
+    /// Holds the same objects as `other`, or none of them when memory is short.
     vector(const vector & other);
     vector & operator=(const vector & other);
+    ///@}
     ~vector() override;
 
+    /// Number of items.
     unsigned size() const noexcept { return size_; }
     /// The row itself, `size()` pointers; may be sorted in place. Valid until items come or go.
     codable ** items() const noexcept { return items_; }

@@ -1,0 +1,36 @@
+# Holds the message reference against the catalogue, text for text and in both directions.
+#   cmake -D CATALOGUE=orvet/foundation/messages.h -D PAGE=docs/messages.md -P messages.cmake
+file(READ ${CATALOGUE} catalogue)
+file(READ ${PAGE} page)
+# Brackets would keep a list from being split; the catalogue writes a quote as C++ does.
+string(REPLACE "\\\"" "\"" catalogue "${catalogue}")
+foreach(text catalogue page)
+  string(REPLACE "[" "{" ${text} "${${text}}")
+  string(REPLACE "]" "}" ${text} "${${text}}")
+endforeach()
+
+string(REGEX MATCHALL "= \"MSG[^\n]*\"" in_catalogue "${catalogue}")
+list(TRANSFORM in_catalogue REPLACE "^= \"(.*)\"$" "\\1")
+string(REGEX MATCHALL "\n    MSG[^\n]*" in_page "${page}")
+list(TRANSFORM in_page STRIP)
+if(NOT in_catalogue)
+  message(FATAL_ERROR "${CATALOGUE} holds no message")
+endif()
+
+function(report what)
+  foreach(text IN LISTS ARGN)
+    string(REPLACE "{" "[" text "${text}")
+    string(REPLACE "}" "]" text "${text}")
+    message(NOTICE "${what}: ${text}")
+  endforeach()
+endfunction()
+
+if(NOT in_page STREQUAL in_catalogue)
+  set(not_told ${in_catalogue})
+  list(REMOVE_ITEM not_told ${in_page})
+  set(not_said ${in_page})
+  list(REMOVE_ITEM not_said ${in_catalogue})
+  report("in the catalogue, not on the page" ${not_told})
+  report("on the page, not in the catalogue" ${not_said})
+  message(FATAL_ERROR "${PAGE} is not in step with ${CATALOGUE}, in texts or in their order")
+endif()
