@@ -10,68 +10,51 @@ using namespace orvet_test;
 
 namespace {
 
-/// Keeps whole lines, time stamps included.
-struct keeper : trace_stream {
-    static inline std::string lines;
-    static inline int writes = 0;
-    int writeline(const char * line) override {
-        lines += line;
-        ++writes;
-        return static_cast<int>(std::strlen(line));
-    }
-};
-
-std::string now() {
-    const std::time_t time = std::time(nullptr);
-    char text[100];
-    std::strftime(text, sizeof text, "%c", std::localtime(&time));
-    return text;
-}
-
-class Trace : public testing::Test {
+/// Keeps the trace's whole lines, time stamps included.
+class Trace : public testing::Test, public trace_stream {
 protected:
     Trace() {
-        trace::set_stream(wa, new keeper);
+        trace::set_stream(wa, this);
         wa.current_size = 0;
-        keeper::lines.clear();
-        keeper::writes = 0;
     }
-    ~Trace() override { trace::set_stream(wa, nullptr); }
+    ~Trace() override { wa.stream = nullptr; } // not the channel's to delete
+    int writeline(const char * line) override {
+        lines += line;
+        return static_cast<int>(std::strlen(line));
+    }
+    std::string written(const char * severity, const char * name, const char * text) {
+        lines.clear();
+        trace::write_header(wa, severity, name);
+        trace::write_text(wa, text, 5);
+        return lines;
+    }
     work_area & wa = system_trace::wa();
+    std::string lines;
 };
 
 TEST_F(Trace, LinesHaveTheirLayout) {
-    std::string before, after;
+    char now[100];
+    std::string line;
+    std::time_t before;
     do { // a second may end in between
-        keeper::lines.clear();
+        before = std::time(nullptr);
+        std::strftime(now, sizeof now, "%c", std::localtime(&before));
         wa.current_size = 0;
-        before = now();
-        trace::write_header(wa, " [C] ", "kt_file::close");
-        trace::write_text(wa, trace::internal_write_text("%s", ">>>> ENTRY>>>>>"));
-        after = now();
-    } while (before != after);
-    EXPECT_EQ(keeper::lines, before + " [C] kt_file::close >>>> ENTRY>>>>>\n");
-    EXPECT_EQ(wa.current_size, static_cast<long>(keeper::lines.size()));
-
-    keeper::lines.clear();
-    trace::write_header(wa, " ", "");
-    trace::write_text(wa, "100%d", 5);
-    EXPECT_EQ(keeper::lines.substr(before.size()), "  100%d\n");
-    keeper::lines.clear();
-    trace::write_header(wa, " ", "");
-    trace::write_text(wa, "");
-    EXPECT_EQ(keeper::lines.substr(before.size()), "  \n");
+        line = written(" [C] ", "kt_file::close", trace::internal_write_text("%s", ">>>> ENTRY>>>>>"));
+    } while (before != std::time(nullptr));
+    EXPECT_EQ(line, std::string(now) + " [C] kt_file::close >>>> ENTRY>>>>>\n");
+    EXPECT_EQ(wa.current_size, static_cast<long>(line.size()));
+    EXPECT_EQ(written(" ", "", "100%d").substr(std::strlen(now)), "  100%d\n");
+    EXPECT_EQ(written(" ", "", "").substr(std::strlen(now)), "  \n");
 }
 
 TEST_F(Trace, WhatDoesNotFitIsCutAtACharacter) {
     for (std::size_t shift = 0; shift < 4; ++shift) {
         std::string text(shift, 'x');
         while (text.size() < 3000) text += "\xF0\x9F\x99\x82\xE2\x82\xAC"; // four bytes and three
-        keeper::lines.clear();
-        trace::write_header(wa, " [I] ", shift == 3 ? text.c_str() : "name");
-        trace::write_text(wa, trace::internal_write_text("%s", text.c_str()));
-        EXPECT_TRUE(keeper::lines.size() >= 1020 && keeper::lines.size() <= 1023 && keeper::lines.back() == '\n');
-        const ustring line(keeper::lines.c_str());
+        const char * const name = shift == 3 ? text.c_str() : "name";
+        const ustring line(written(" [I] ", name, trace::internal_write_text("%s", text.c_str())).c_str());
+        EXPECT_TRUE(lines.size() >= 1020 && lines.size() <= 1023 && lines.back() == '\n');
         EXPECT_TRUE(std::none_of(line.data(), line.data() + line.length(),
                                  [](char16_t unit) { return unit >= 0xDC80 && unit <= 0xDCFF; }));
     }
@@ -99,43 +82,39 @@ TEST_F(Trace, SilenceCanBeOverridden) {
     set_variable("ostrel_trace_level", nullptr);
 }
 
-TEST_F(Trace, GatesLetThroughBySeverity) {
-    const std::string all = "CIWEF";
+TEST(CallTrace, GatesLetThroughBySeverity) {
     for (int level = -1; level <= 6; ++level) {
-        transcript lines(level, 5);
+        transcript said(level, 5);
         const call_trace trace("f");
         trace.info("");
         trace.warning("");
         trace.error("");
         trace.fatal("");
         log_message(messages::MSG0001);
-        std::string seen;
-        const std::string text = lines.take();
-        for (const char letter : all)
-            if (text.find(std::string("[") + letter + "]") != std::string::npos)
-                seen += letter;
-        EXPECT_EQ(seen, all.substr(static_cast<std::size_t>(std::clamp(level, 0, 5)))) << level;
-        EXPECT_EQ(text.find("MSG"), std::string::npos);
+        std::string expected;
+        for (int severity = std::max(level, 0); severity < 5; ++severity)
+            expected += std::string("T[") + "CIWEF"[severity] + "] f " + (severity == 0 ? ">>>> ENTRY>>>>>\n" : "\n");
+        EXPECT_EQ(said.take(), expected) << level;
     }
 }
 
-TEST_F(Trace, TypedArgumentsFitTheirConversions) {
-    transcript lines;
+TEST(CallTrace, TypedArgumentsFitTheirConversions) {
+    transcript said;
     const call_trace trace("f");
-    lines.take();
+    said.take();
     trace.info("%s %s %s %d %d %l %ld", ustring("u"), pathname("p"), std::string("s").c_str(), short{-5}, 9999999999LL,
                70000L, -1L);
     trace.info("%hd %hu %u %x %c 100%% %5d|%-4s|%.2s", 70000, 65537U, 4000000000U, 255, 'A', 42, "ab", "abcd");
     trace.info("%s|%d", static_cast<const char *>(nullptr), true);
-    EXPECT_EQ(lines.take(), "T[I] f u p s -5 2147483647 70000 -1\n"
-                            "T[I] f 4464 1 4000000000 ff A 100%    42|ab  |ab\n"
-                            "T[I] f |1\n");
+    EXPECT_EQ(said.take(), "T[I] f u p s -5 2147483647 70000 -1\n"
+                           "T[I] f 4464 1 4000000000 ff A 100%    42|ab  |ab\n"
+                           "T[I] f |1\n");
     EXPECT_EQ(trace.fail(short{252}), 252);
     trace.leave(100000U);
     trace.leave(-1);
-    EXPECT_EQ(lines.take(), "T[C] f <><><><><> QUITTING\nT[C] f return data = 252\nT[C] f <<<<<<<<<< EXIT\n"
-                            "T[C] f return data = 34464\nT[C] f <<<<<<<<<< EXIT\n"
-                            "T[C] f return data = -1\nT[C] f <<<<<<<<<< EXIT\n");
+    EXPECT_EQ(said.take(), "T[C] f <><><><><> QUITTING\nT[C] f return data = 252\nT[C] f <<<<<<<<<< EXIT\n"
+                           "T[C] f return data = 34464\nT[C] f <<<<<<<<<< EXIT\n"
+                           "T[C] f return data = -1\nT[C] f <<<<<<<<<< EXIT\n");
     EXPECT_EQ(printed_by([] { console_message(messages::MSGI0004, "-x"); }),
               "MSGI0004 [F] The option -x is not supported.\n");
 }
