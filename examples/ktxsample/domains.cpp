@@ -3,9 +3,12 @@
 
 #include "ktxsample.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -43,16 +46,17 @@ public:
     domain_tree(orvet::kt_file & file, const orvet::vector & topv)
         : file_(file), topv_(topv), shown_(topv.size())
     {
+        for (unsigned i = 0; i < topv_.size(); ++i)
+            below_[parent_of(domain(i))].push_back(i);
     }
 
     void show()
     {
         // First what depends on nothing, then what two domains that name each other keep from being reached.
+        for (const unsigned i : below_[""])
+            show_branch(i);
         for (unsigned i = 0; i < topv_.size(); ++i)
-            if (depends_on_nothing(domain(i)))
-                show(i, 0);
-        for (unsigned i = 0; i < topv_.size(); ++i)
-            show(i, 0);
+            show_branch(i);
     }
 
 private:
@@ -61,32 +65,42 @@ private:
         return static_cast<const orvet::top_entry &>(*topv_[i]);
     }
 
-    static bool depends_on_nothing(const orvet::top_entry & domain)
+    /// The path of a domain is the server that it depends on, a separator, and its own; one part may be
+    /// missing.
+    static std::string parent_of(const orvet::top_entry & domain)
     {
-        const orvet::ustring & path = domain.dep_path.text();
-        return path.length() == 0 || path == orvet::build_server_rr(domain.domain_name);
+        const std::string path = domain.dep_path.mbcs_str();
+        const std::size_t own = orvet::build_server_rr(domain.domain_name).mbcs_length();
+        return own == 0 ? path : path.size() > own ? path.substr(0, path.size() - own - 1) : "";
     }
 
-    void show(unsigned index, unsigned depth)
+    /// Shows a domain and all that depends on it. A chain may be as long as the file, so it is walked with a
+    /// list.
+    void show_branch(unsigned root)
     {
-        if (shown_[index])
-            return;
-        shown_[index] = true;
-        const orvet::top_entry & parent = domain(index);
-        const auto & section = static_cast<const orvet::sof_entry &>(*parent.trg_sect_info[0]);
-        const std::string margin(2U * depth, ' ');
-        const std::string name = margin + parent.domain_name.mbcs_str();
-        std::printf("%-24s %3d targets  %s\n", name.c_str(), section.sect_count, parent.dep_path.mbcs_str());
-        show_targets(section, margin + "   ");
+        std::vector<std::pair<unsigned, unsigned>> waiting{{root, 0}};
+        while (!waiting.empty()) {
+            const auto [index, depth] = waiting.back();
+            waiting.pop_back();
+            if (shown_[index])
+                continue;
+            shown_[index] = true;
+            show_domain(domain(index), depth);
+            const auto children = below_.find(orvet::build_server_rr(domain(index).domain_name).mbcs_str());
+            if (children != below_.end() && !children->first.empty())
+                for (auto child = children->second.rbegin(); child != children->second.rend(); ++child)
+                    waiting.push_back({*child, depth + 1});
+        }
+    }
 
-        // The path of a domain begins with the server that it depends on.
-        orvet::pathname begin;
-        begin = orvet::build_server_rr(parent.domain_name);
-        begin += "/";
-        const unsigned length = begin.text().length();
-        for (unsigned i = 0; i < topv_.size(); ++i)
-            if (domain(i).dep_path.text().compare(0, length, begin.text(), 0, length, 0) == 0)
-                show(i, depth + 1);
+    void show_domain(const orvet::top_entry & domain, unsigned depth)
+    {
+        const auto & section = static_cast<const orvet::sof_entry &>(*domain.trg_sect_info[0]);
+        const std::string margin(2U * std::min(depth, 20U), ' ');
+        const std::string name = margin + domain.domain_name.mbcs_str();
+        std::printf("%s%-24s %3d targets  %s%s\n", bold_, name.c_str(), section.sect_count,
+                    domain.dep_path.mbcs_str(), plain_);
+        show_targets(section, margin + "   ");
     }
 
     void show_targets(const orvet::sof_entry & section, const std::string & margin)
@@ -110,6 +124,7 @@ private:
     orvet::kt_file & file_;
     const orvet::vector & topv_;
     std::vector<bool> shown_;
+    std::map<std::string, std::vector<unsigned>> below_; // by the server that they depend on
     const char * bold_ = is_terminal(1) ? "\033[1m" : "";
     const char * plain_ = is_terminal(1) ? "\033[0m" : "";
 };

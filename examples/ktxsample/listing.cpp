@@ -21,8 +21,9 @@ bool show_answer(orvet::brod_base & brod)
 /// Gives the answer its final name; the temporary file is gone then.
 bool keep_answer(orvet::brod_base & brod)
 {
-    std::printf("kept as %s\n", brod.final_output_file().mbcs_str());
-    return brod.out_file().copy_to(brod.final_output_file()) == 0;
+    const bool kept = brod.out_file().copy_to(brod.final_output_file()) == 0;
+    std::printf(kept ? "kept as %s\n" : "could not be kept as %s\n", brod.final_output_file().mbcs_str());
+    return kept;
 }
 
 bool list_targets()

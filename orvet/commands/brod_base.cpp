@@ -93,9 +93,11 @@ bool make_canned(ustring & line, const pathname & output)
 pathname & sset_out_file(const char * name)
 {
     const call_trace trace("sset_out_file");
+    memory_watch watch;
     pathname path;
-    if (name && *name)
-        set_migr_path(path, name);
+    const ustring text(name);
+    if (text.length() != 0 && !watch.failed())
+        set_migr_path(path, text);
     pathname * const made = make<pathname>(path);
     return made ? *made : no_path();
 }
@@ -178,7 +180,7 @@ void brod_base::set_brod_cmd(const ustring & cmd, int whole)
     command.append(cmd);
     if (!watch.failed())
         brod_cmd_ = std::move(command);
-    complete_ = complete_ && !watch.failed();
+    command_complete_ = !watch.failed();
     trace.info("Command before conversion is <%s>", brod_cmd_);
     os_brod_cmd(brod_cmd_);
     trace.info("Command after conversion is <%s>", brod_cmd_);
@@ -215,7 +217,7 @@ int brod_base::exec_brod_cmd(int to_output, int to_errors)
     if (make_canned(line, output_file_))
         std::printf("Dummy call: <%s> becomes <%s> \n", asked.mbcs_str(), line.mbcs_str());
 
-    const bool runs = complete_ && !watch.failed();
+    const bool runs = complete_ && command_complete_ && !watch.failed();
     std::fflush(stdout); // ahead of what the command prints there
     errno = runs ? 0 : ENOMEM;
     const int result = runs ? platform::run_command(line) : -1;

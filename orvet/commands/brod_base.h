@@ -100,7 +100,8 @@ private:
     pathname final_output_file_;
     kt_file out_file_;
     kt_file final_out_file_;
-    bool complete_ = true; // memory never fell short of a part of the command: else nothing is run
+    bool complete_ = true; // memory never fell short of what the constructors made: else nothing is run
+    bool command_complete_ = true; // the same for the command as it was last set
 };
 
 } // namespace orvet

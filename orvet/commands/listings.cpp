@@ -40,14 +40,16 @@ void brod_base_ls::set_local_name()
     for (keyval line; out_file().get_line(line);) {
         if (line.getval(key) != 0)
             continue;
-        local_name_ = line;
-        trace.info("read local name <%s>", local_name_);
+        trace.info("read local name <%s>", line);
         if (line.length() == 0) {
+            local_name_ = line;
             trace.error("Local name for object <%s> not found.", global_name_);
             return trace.quit();
         }
+        memory_watch watch;
         resolve_tokens(line);
-        local_name_ = line;
+        if (!watch.failed())
+            local_name_ = line;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "orvet/files/kt_file.h"
 
 #include <cerrno>
+#include <utility>
 
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/call_trace.h"
@@ -37,6 +38,16 @@ bool kt_file::check_open(const call_trace & trace) const
     return false;
 }
 
+/// Readies the stream for the other direction, as the runtime asks between reading and writing.
+void kt_file::turn_to(transfer direction)
+{
+    if (last_ == transfer::writing && direction == transfer::reading)
+        lost_ = std::fflush(file_handle_) != 0 || lost_;
+    else if (last_ == transfer::reading && direction == transfer::writing)
+        std::fseek(file_handle_, 0, SEEK_CUR);
+    last_ = direction;
+}
+
 /// Closes the stream, which stays alive when its last bytes can't be written. An error that an earlier
 /// operation has reported does not count again.
 bool kt_file::close_stream()
@@ -44,7 +55,8 @@ bool kt_file::close_stream()
     if (given_up_)
         return false;
     std::clearerr(file_handle_);
-    if (std::fflush(file_handle_) != 0)
+    const bool flushed = std::fflush(file_handle_) == 0;
+    if (!flushed || std::exchange(lost_, false))
         return false;
     given_up_ = std::fclose(file_handle_) != 0;
     if (!given_up_)
@@ -62,6 +74,8 @@ short kt_file::open(const char * mode)
         given_up_ = false;
         size_ = 0;
     }
+    last_ = transfer::none;
+    lost_ = false;
     errno = 0;
     file_handle_ = platform::open_stream(file_path_.text(), mode);
     const int error = errno;
@@ -123,6 +137,7 @@ int kt_file::get_line(ustring & line)
         trace.leave();
         return 0;
     }
+    turn_to(transfer::reading);
     const int read = line.getline(file_handle_);
     if (read)
         trace.info("read line %s", line);
@@ -135,6 +150,7 @@ short kt_file::write(const ustring & text)
     const call_trace trace("kt_file::write");
     if (!check_open(trace))
         return trace.fail(code::not_open);
+    turn_to(transfer::writing);
     memory_watch watch;
     const char * const bytes = text.mbcs_str();
     const unsigned length = watch.failed() ? text.length() : text.mbcs_length();
@@ -152,6 +168,7 @@ short kt_file::write(const void * buffer, unsigned int size)
     const call_trace trace("kt_file::write(b,s)");
     if (!check_open(trace))
         return trace.fail(code::not_open);
+    turn_to(transfer::writing);
     errno = 0;
     const std::size_t written = std::fwrite(buffer, 1, size, file_handle_);
     const int error = errno;
@@ -181,6 +198,7 @@ short kt_file::read(void * buffer, unsigned int size, unsigned int count)
     const call_trace trace("kt_file:read");
     if (!check_open(trace))
         return trace.fail(code::not_open);
+    turn_to(transfer::reading);
     const std::size_t items = std::fread(buffer, size, count, file_handle_);
     if (items != count) {
         trace.fatal("Error reading from %s file. count = %d, read_bytes =%d", file_path_, count, items);
@@ -195,6 +213,7 @@ unsigned int kt_file::read(void * buffer, unsigned int size)
     const call_trace trace("kt_file:read");
     if (!check_open(trace))
         return trace.fail(0U);
+    turn_to(transfer::reading);
     return trace.leave(static_cast<unsigned int>(std::fread(buffer, 1, size, file_handle_)));
 }
 

@@ -88,12 +88,17 @@ public:
     short load_offsets(vector & topv);
 
 private:
+    enum class transfer { none, reading, writing };
+
     bool check_open(const class call_trace & trace) const;
+    void turn_to(transfer direction);
     bool close_stream();
 
     pathname file_path_;
     std::FILE * file_handle_ = nullptr;
     long size_ = 0;
+    transfer last_ = transfer::none;
+    bool lost_ = false;     // written bytes that a turn to reading could not get rid of
     bool given_up_ = false; // `fclose` has failed: the stream is gone, though the object counts as open
 };
 

@@ -23,9 +23,11 @@ short get_count(const ustring & line, int * count)
 {
     memory_watch watch;
     keyval rest(line);
-    if (rest.getval("count = ") != 0 || watch.failed())
+    const bool found = rest.getval("count = ") == 0;
+    const int value = to_int(rest.mbcs_str());
+    if (!found || watch.failed())
         return code::no_count;
-    *count = to_int(rest.mbcs_str());
+    *count = value;
     return code::success;
 }
 
@@ -71,13 +73,16 @@ short kt_file::seek_section(const ustring & section, int * count, int read_count
     } while (line != section);
     if (read_count == 0)
         return trace.leave(code::success);
+    memory_watch watch;
     ustring key;
     ustring value;
-    if (const short rc = get_keyval(key, value)) {
-        trace.error("Error %d parsing line", rc);
-        return trace.fail(rc);
+    const short rc = get_keyval(key, value);
+    const int number = to_int(value.mbcs_str());
+    if (rc != 0 || watch.failed()) {
+        trace.error("Error %d parsing line", code::no_keyval);
+        return trace.fail(code::no_keyval);
     }
-    *count = to_int(value.mbcs_str());
+    *count = number;
     trace.info("Section <%s> found. Count = <%d> ", section, *count);
     return trace.leave(code::success);
 }

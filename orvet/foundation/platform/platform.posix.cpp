@@ -52,11 +52,13 @@ void advance(std::FILE * stream, std::size_t bytes)
 
 std::FILE * open_stream(const ustring & path, const char * mode)
 {
-    const char * const name = native(path);
-    if (!name || !mode || !*mode) {
+    if (!mode || !*mode) {
         errno = EINVAL;
         return nullptr;
     }
+    const char * const name = native(path);
+    if (!name)
+        return nullptr;
     char closed_on_exec[64];
     std::snprintf(closed_on_exec, sizeof closed_on_exec, "%ce%s", *mode, mode + 1);
     std::FILE * const stream = std::fopen(name, closed_on_exec);

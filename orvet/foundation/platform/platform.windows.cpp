@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
+#include <iterator>
 
 #include <io.h>
 #include <malloc.h>
@@ -20,10 +21,11 @@ namespace {
 
 static_assert(sizeof(wchar_t) == sizeof(char16_t));
 
-/// A text as this system takes it: in its 16-bit form, or as the bytes that it was read from when those were
-/// no UTF-8. `bytes` and `wide` are both null, with `errno` set, for a text with a zero in it and when memory
-/// is short.
-struct native_text {
+/// A text as this system takes it: its 16-bit form, or, where it holds bytes that are no UTF-8, what the code
+/// page of the process makes of its bytes. `wide` is null, with `errno` set, for a text with a zero in it and
+/// when memory is short.
+class native_text {
+public:
     explicit native_text(const ustring & text)
     {
         if (text.find(u'\0') != ustring::npos)
@@ -31,9 +33,15 @@ struct native_text {
         else if (is_whole(text))
             wide = reinterpret_cast<const wchar_t *>(text.data());
         else
-            take_bytes(text);
+            wide = own_ = from_code_page(text);
     }
+    native_text(const native_text &) = delete;
+    native_text & operator=(const native_text &) = delete;
+    ~native_text() { release(own_); }
 
+    const wchar_t * wide = nullptr;
+
+private:
     static bool is_whole(const ustring & text)
     {
         const char16_t * const units = text.data();
@@ -45,24 +53,28 @@ struct native_text {
         return true;
     }
 
-    void take_bytes(const ustring & text)
+    static wchar_t * from_code_page(const ustring & text)
     {
         memory_watch watch;
-        bytes = text.mbcs_str();
-        if (watch.failed()) {
-            bytes = nullptr;
-            errno = ENOMEM;
-        }
+        const char * const bytes = text.mbcs_str();
+        const auto room = static_cast<int>(text.mbcs_length() + 1); // a byte gives one unit at the most
+        auto * const units = watch.failed() ? nullptr : allocate<wchar_t>(static_cast<std::size_t>(room));
+        if (units && MultiByteToWideChar(CP_ACP, 0, bytes, -1, units, room) != 0)
+            return units;
+        errno = units ? EINVAL : ENOMEM;
+        release(units);
+        return nullptr;
     }
 
-    const wchar_t * wide = nullptr;
-    const char * bytes = nullptr;
+    wchar_t * own_ = nullptr;
 };
 
 } // namespace
 
 read_ahead look_ahead(std::FILE * stream)
 {
+    if (stream->_flag & _IOWRT) // what stands in its buffer is yet to be written
+        return {nullptr, nullptr};
     if (stream->_cnt <= 0) {
         // One character through the front door fills the buffer by the runtime's own rules.
         const int first = std::getc(stream);
@@ -80,39 +92,31 @@ void advance(std::FILE * stream, std::size_t bytes)
 
 std::FILE * open_stream(const ustring & path, const char * mode)
 {
-    const native_text name(path);
-    if (!mode || !*mode || !std::strchr("rwa", *mode) || (!name.wide && !name.bytes)) {
+    if (!mode || !*mode || !std::strchr("rwa", *mode)) {
         errno = EINVAL;
         return nullptr;
     }
     // "N" keeps the handle from commands. In text mode this runtime tells wrong positions in a file with bare
     // line feeds, so plain reading is reading of bytes.
     const bool as_bytes = *mode == 'r' && !std::strpbrk(mode, "bt+");
-    char native_mode[64];
-    std::snprintf(native_mode, sizeof native_mode, "%cN%s%s", *mode, as_bytes ? "b" : "", mode + 1);
-    if (name.bytes)
-        return std::fopen(name.bytes, native_mode);
-    wchar_t wide_mode[sizeof native_mode];
-    for (std::size_t i = 0; i < sizeof native_mode; ++i)
-        wide_mode[i] = static_cast<unsigned char>(native_mode[i]);
-    return _wfopen(name.wide, wide_mode);
+    wchar_t native_mode[64];
+    _snwprintf(native_mode, std::size(native_mode), L"%cN%hs%hs", *mode, as_bytes ? "b" : "", mode + 1);
+    native_mode[std::size(native_mode) - 1] = 0;
+    const native_text name(path);
+    return name.wide ? _wfopen(name.wide, native_mode) : nullptr;
 }
 
 int remove_file(const ustring & path)
 {
     const native_text name(path);
-    return name.wide ? _wremove(name.wide) : name.bytes ? std::remove(name.bytes) : -1;
+    return name.wide ? _wremove(name.wide) : -1;
 }
 
 int rename_file(const ustring & from, const ustring & to)
 {
     const native_text source(from);
     const native_text target(to);
-    if (source.wide && target.wide)
-        return _wrename(source.wide, target.wide);
-    if ((!source.wide && !source.bytes) || (!target.wide && !target.bytes))
-        return -1;
-    return std::rename(from.mbcs_str(), to.mbcs_str());
+    return source.wide && target.wide ? _wrename(source.wide, target.wide) : -1;
 }
 
 int sync_stream(std::FILE * stream)
@@ -131,7 +135,7 @@ int copy_permissions(const ustring &, std::FILE *)
 bool exists(const ustring & path)
 {
     const native_text name(path);
-    return name.wide ? _waccess(name.wide, 0) == 0 : name.bytes && _access(name.bytes, 0) == 0;
+    return name.wide && _waccess(name.wide, 0) == 0;
 }
 
 const char print_command[] = "type";
@@ -139,7 +143,7 @@ const char print_command[] = "type";
 int run_command(const ustring & line)
 {
     const native_text text(line);
-    return text.wide ? _wsystem(text.wide) : text.bytes ? std::system(text.bytes) : -1;
+    return text.wide ? _wsystem(text.wide) : -1;
 }
 
 unsigned long last_error()
