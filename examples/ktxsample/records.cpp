@@ -16,7 +16,8 @@ using row = std::vector<orvet::ustring>;
 std::vector<row> agents(orvet::file_input_parms & input)
 {
     std::vector<row> table{{"SYSTEM", "SERVER", "REGION", "GATEWAY", "AGENT", "PORT", "PATH", "IMAGES"}};
-    for (int i = 1; i < input.index(); ++i) {
+    const int first = input.index() > 1 ? 1 : 0; // without a separator the one record stands in front
+    for (int i = first; i < std::max(input.index(), 1); ++i) {
         const orvet::VXA_inst_info & agent = input.input_info(i);
         table.push_back({agent.op_system(), agent.server_name(), agent.server_ren_rgn(),
                          agent.gateway_ip_address() + ":" + agent.gateway_port_number().mbcs_str(),

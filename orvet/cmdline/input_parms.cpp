@@ -69,7 +69,7 @@ void store(ustring & field, const char * value, const keyword_rule & rule)
     for (const char * const * word = rule.words; *word; ++word)
         if (field == *word)
             return;
-    rule.complain(value);
+    rule.complain(field.mbcs_str());
     field = rule.otherwise;
 }
 

@@ -77,8 +77,9 @@ void put_value(writer & out, const conversion & as, const argument & value)
                        : as.kind == 'c'
                            ? std::snprintf(text, sizeof text, spec, static_cast<int>(value.number()))
                            : std::snprintf(text, sizeof text, spec, fitted(as, value.number()));
-    if (length > 0)
-        out.put(text, std::min<std::size_t>(static_cast<std::size_t>(length), sizeof text - 1));
+    if (length > 0) // a precision counts bytes, and may end inside a character
+        out.put(text,
+                utf8::cut(text, std::min<std::size_t>(static_cast<std::size_t>(length), sizeof text - 1)));
 }
 
 /// `format` with each bare "%l" made "%ld"; null when it holds none or grows too long.

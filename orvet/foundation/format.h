@@ -123,8 +123,9 @@ private:
 template <class... Args>
 using format_for = checked_format<std::type_identity_t<Args>...>;
 
-/// Formats into the buffer of `trace::internal_write_text`. A number outside the range of its conversion is
-/// clamped to it; what does not fit into the buffer is cut at a character's end.
+/// Formats into the buffer of `trace::internal_write_text`. A signed number outside the range
+/// of its conversion is clamped to it, but for h and hh, which take its low bits; what does not fit into the
+/// buffer is cut at a character's end.
 ORVET_API char * format_message(const char * format, const argument * arguments, std::size_t count);
 
 /// The same by the rules of `printf`, for arguments without types.

@@ -33,7 +33,8 @@ void append(char (&line)[1024], const char * text)
     constexpr std::size_t room = sizeof line - 2;
     if (!text)
         return;
-    const std::size_t begin = std::strlen(line);
+    const std::size_t begin = strnlen(line, room); // the line is open to tools, who may have filled it
+    line[begin] = 0;
     const std::size_t length = std::strlen(text);
     const std::size_t taken = begin + length <= room ? length : utf8::cut(text, room - begin);
     std::memcpy(line + begin, text, taken);

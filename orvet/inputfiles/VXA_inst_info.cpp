@@ -45,6 +45,9 @@ constexpr record_kind kind{
     .unstored = "TARGET=",
 };
 
+constexpr auto mandatory = rows_of(vxa_mandatory);
+constexpr auto allowed = rows_of(vxa_allowed);
+
 } // namespace
 
 VXA_inst_info::VXA_inst_info()
@@ -72,7 +75,7 @@ int VXA_inst_info::validate() const
         trace.error("Invalid operating system <%s>", op_system());
         return 0;
     }
-    return weigh_marks(fip_flags_, vxa_mandatory, vxa_allowed);
+    return weigh_marks(fip_flags_, mandatory.data(), allowed.data());
 }
 
 } // namespace orvet

@@ -46,6 +46,9 @@ constexpr record_kind kind{
     .shown_up_to = u':',
 };
 
+constexpr auto mandatory = rows_of(auth_mandatory);
+constexpr auto allowed = rows_of(auth_allowed);
+
 } // namespace
 
 void auth_profile_info::clear()
@@ -67,7 +70,7 @@ short auth_profile_info::set(const ustring & line)
 int auth_profile_info::validate() const
 {
     const call_trace trace("auth_profile_info::validate");
-    return weigh_marks(fip_flags_, auth_mandatory, auth_allowed.data());
+    return weigh_marks(fip_flags_, mandatory.data(), allowed.data());
 }
 
 void auth_profile_info::toString(ustring & text) const

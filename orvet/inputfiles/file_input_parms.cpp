@@ -146,13 +146,13 @@ short file_input_parms::get_fips(const pathname & file, int sections, const char
 {
     const call_trace trace("file_input_parms::get_fips");
     kt_file input(file);
+    memory_watch watch;
+    const ustring separator(sections_separator); // ahead of the former place, which it may have come from
     forget_place();
     if (sections == 0) {
         trace.error("not implemented yet. Wrong call");
         return trace.fail(code::not_provided);
     }
-    memory_watch watch;
-    const ustring separator(sections_separator);
     if (watch.failed())
         return trace.fail(code::invalid_section);
     if (const short rc = input.open("r")) {

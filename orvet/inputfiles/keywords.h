@@ -1,8 +1,6 @@
 #ifndef ORVET_INPUTFILES_KEYWORDS_H
 #define ORVET_INPUTFILES_KEYWORDS_H
 
-#include <array>
-
 #include "orvet/foundation/base/name_list.h"
 
 namespace orvet {
@@ -49,24 +47,26 @@ private:
 };
 
 ///@{
-/// What each record demands and what else it allows; closed by the row of the null entry.
-inline constexpr fip_row vxa_mandatory[] = {
+/// What each record demands and what else it allows; closed by a null entry.
+inline constexpr const char * vxa_mandatory[] = {
     "OPERATING_SYSTEM=", "SERVER_NAME=", "SERVER_REN_RGN=", "GATEWAY_IP_ADDRESS=", "IMAGES_SERVER_NAME=",
     "EXPORTED_DIR=", "MOUNT_POINT=", nullptr,
 };
-inline constexpr fip_row vxa_allowed[] = {
+inline constexpr const char * vxa_allowed[] = {
     "GATEWAY_PORT_NUMBER=", "AGENT_PORT_NUMBER=", "AGENT_INST_PATH=", "AGENT_NAME=", "MOUNT_OPTIONS=",
     "EXPORT_OPTIONS=", "TARGET=", nullptr,
 };
-inline constexpr fip_row auth_mandatory[] = {nullptr};
-inline constexpr auto auth_allowed = []() consteval {
-    std::array<fip_row, 23> list; // the record's own keywords, all of them
-    for (unsigned i = 0; i < 22; ++i)
-        list[i] = fip_names[fip_row("PROFILE NAME=") + i];
-    return list;
-}();
-inline constexpr fip_row user_mandatory[] = {"USER=", "AUTHORIZATION PROFILE=", nullptr};
-inline constexpr fip_row user_allowed[] = {nullptr};
+inline constexpr const char * auth_mandatory[] = {nullptr};
+inline constexpr const char * auth_allowed[] = {
+    "PROFILE NAME=", "MANAGE ALL TARGETS=", "CHANGE MANAGEMENT INSTALL=", "CHANGE MANAGEMENT ACTIVATE=",
+    "CHANGE MANAGEMENT EXECUTE=", "CHANGE MANAGEMENT AUTHORIZE=", "PREPARATION=", "PREPARATION MODIFY=",
+    "PREPARATION VIEW=", "SEND=", "RETRIEVE, DELETE AND REPLACE=", "QUEUES=", "QUEUES MANAGE=",
+    "QUEUES VIEW=", "SYSTEM ADMINISTRATION=", "SYSTEM ADMINISTRATION MODIFY=",
+    "SYSTEM ADMINISTRATION VIEW=", "CONFIGURATION=", "CONFIGURATION MODIFY=", "CONFIGURATION VIEW=",
+    "PURGE REQUESTS=", "MANAGE ALL REQUESTS=", nullptr,
+};
+inline constexpr const char * user_mandatory[] = {"USER=", "AUTHORIZATION PROFILE=", nullptr};
+inline constexpr const char * user_allowed[] = {nullptr};
 ///@}
 
 /// What the operating system of an agent record may begin with; `validate` takes the first two alone.

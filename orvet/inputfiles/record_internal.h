@@ -1,6 +1,8 @@
 #ifndef ORVET_INPUTFILES_RECORD_H
 #define ORVET_INPUTFILES_RECORD_H
 
+#include <array>
+
 #include "orvet/foundation/base/ustring.h"
 #include "orvet/foundation/call_trace.h"
 #include "orvet/inputfiles/keywords.h"
@@ -45,6 +47,16 @@ void set_field(const record_parts & record, int index, const ustring & value);
 /// Takes one line, and traces it as the function that `trace` stands for: 0, 100 or 101. The record stays as
 /// it was unless the result is 0.
 short set_line(const call_trace & trace, const record_parts & record, const ustring & line);
+/// The rows of a list of keywords, found when it is compiled; closed by the row of the null entry.
+template <unsigned Count>
+consteval std::array<fip_row, Count> rows_of(const char * const (&list)[Count])
+{
+    std::array<fip_row, Count> rows;
+    for (unsigned i = 0; i < Count; ++i)
+        rows[i] = fip_row(list[i]);
+    return rows;
+}
+
 /// 0, told to the log, when a mandatory keyword has no mark, else 1; marks outside both lists are logged.
 int weigh_marks(const fip_marks & marks, const fip_row * mandatory, const fip_row * allowed);
 

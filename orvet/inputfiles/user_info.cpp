@@ -21,6 +21,9 @@ constexpr record_kind kind{
     .shown_up_to = u':',
 };
 
+constexpr auto mandatory = rows_of(user_mandatory);
+constexpr auto allowed = rows_of(user_allowed);
+
 } // namespace
 
 void user_info::clear()
@@ -42,7 +45,7 @@ short user_info::set(const ustring & line)
 int user_info::validate() const
 {
     const call_trace trace("user_info::validate");
-    return weigh_marks(fip_flags_, user_mandatory, user_allowed);
+    return weigh_marks(fip_flags_, mandatory.data(), allowed.data());
 }
 
 codable * user_info::clone()

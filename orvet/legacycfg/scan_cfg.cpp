@@ -49,7 +49,7 @@ struct neighbours {
 
     static bool is_other(const ustring & a, const ustring & b)
     {
-        return a.compare(0, ustring::npos, b, 0, ustring::npos, 1) != 0;
+        return a.compare(0, ustring::npos, b, 0, ustring::npos, 1) != 0 && !platform::same_file(a, b);
     }
 
     bool usable() const { return distinct && !watch.failed(); }
@@ -102,7 +102,9 @@ private:
 /// Ends a line of a listing, whatever its length and the bytes in it.
 void print_text(const ustring & text)
 {
-    std::fwrite(text.mbcs_str(), 1, text.mbcs_length(), stdout);
+    memory_watch watch;
+    const char * const bytes = text.mbcs_str();
+    std::fwrite(bytes, 1, watch.failed() ? 0 : text.mbcs_length(), stdout);
     std::putchar('\n');
 }
 
@@ -199,7 +201,7 @@ int scan_cfg::set_server(int n)
 /// Fills the open stream and closes it, whatever happens. True when the whole text is on the disk.
 bool scan_cfg::write_new_text(unsigned first)
 {
-    // The permissions come first, so that nobody can read the text who could not read it before.
+    // The permissions come first, so that the text never stands in a file with wider ones.
     const bool written = platform::copy_permissions(cfg_file_, cfg_stream_) == 0 && write_lines(first) &&
                          std::fflush(cfg_stream_) == 0 && platform::sync_stream(cfg_stream_) == 0;
     return close_stream() && written;
@@ -237,10 +239,8 @@ int scan_cfg::recover(const ustring & cfg_file)
     const neighbours files(cfg_file);
     if (platform::exists(cfg_file))
         return code::success;
-    std::FILE * const backup = files.usable() ? platform::open_stream(files.backup, "r") : nullptr;
-    if (!backup)
+    if (!files.usable() || !platform::is_file(files.backup))
         return code::open_failed;
-    std::fclose(backup);
     return platform::rename_file(files.backup, cfg_file) == 0 ? code::success : code::replace_failed;
 }
 

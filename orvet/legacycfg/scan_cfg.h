@@ -44,9 +44,8 @@ public:
     ///   1    no such server; nothing touched
     ///   250  "brod.tmp" can't be made; the file is untouched
     ///   251  "brod.tmp" can't be written whole; the file and "brod.bak" are untouched
-    ///   261  the file can't be renamed, or "brod.tmp" can't take its place. The file is the old one, or,
-    ///   when
-    ///        even the way back failed, absent, with its text in "brod.bak"; the new text is in "brod.tmp"
+    ///   261  the file can't be renamed, or "brod.tmp" can't take its place. The file is the old one; or,
+    ///        when even the way back failed, absent, its text in "brod.bak". The new text is in "brod.tmp"
     int set_server(int n);
 
     /// Puts "brod.bak" back in place of a file that isn't there. 0 when done or the file is there, 250 when

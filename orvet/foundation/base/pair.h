@@ -20,9 +20,9 @@ public:
     ///@{
     /// The same rule, also where the class of only one side is known.
     friend bool operator==(const pair & a, const pair & b) { return a.equals(b); }
-    friend bool operator==(const codable & a, const pair & b) { return b.operator==(a) != 0; }
+    friend bool operator==(const codable & a, const pair & b) { return a.operator==(b) != 0; }
     friend bool operator!=(const pair & a, const pair & b) { return !a.equals(b); }
-    friend bool operator!=(const codable & a, const pair & b) { return b.operator==(a) == 0; }
+    friend bool operator!=(const codable & a, const pair & b) { return a.operator==(b) == 0; }
     friend bool operator!=(const pair & a, const codable & b) { return a.operator==(b) == 0; }
     ///@}
 

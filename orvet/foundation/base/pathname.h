@@ -43,9 +43,11 @@ public:
     ///@{
     /// The same rule, also where the class of only one side is known.
     friend bool operator==(const pathname & a, const pathname & b) { return a.equals(b); }
-    friend bool operator==(const codable & a, const pathname & b) { return b.operator==(a) != 0; }
+    friend bool operator==(const codable & a, const pathname & b) { return a.operator==(b) != 0; }
+    friend bool operator==(const pathname &, const ustring &) { return false; } // another class
+    friend bool operator==(const ustring &, const pathname &) { return false; }
     friend bool operator!=(const pathname & a, const pathname & b) { return !a.equals(b); }
-    friend bool operator!=(const codable & a, const pathname & b) { return b.operator==(a) == 0; }
+    friend bool operator!=(const codable & a, const pathname & b) { return a.operator==(b) == 0; }
     friend bool operator!=(const pathname & a, const codable & b) { return a.operator==(b) == 0; }
     ///@}
 

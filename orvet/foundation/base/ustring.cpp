@@ -45,6 +45,12 @@ unsigned clip(unsigned length, unsigned pos, unsigned n)
     return pos < length ? std::min(n, length - pos) : 0;
 }
 
+/// How many units `chars` has, for a caller who counts up to its closing zero.
+unsigned count_of(const char16_t * chars, unsigned n)
+{
+    return n == ustring::npos ? static_cast<unsigned>(std::char_traits<char16_t>::length(chars)) : n;
+}
+
 } // namespace
 
 ustring::ustring() noexcept
@@ -280,6 +286,7 @@ unsigned ustring::find(const char16_t * chars, unsigned pos, unsigned n, int fla
 {
     if (pos > length_)
         return npos;
+    n = count_of(chars, n);
     const char16_t * const begin = units_ + pos;
     const char16_t * const end = units_ + length_;
     const char16_t * const found = std::search(begin, end, chars, chars + n,
@@ -289,6 +296,7 @@ unsigned ustring::find(const char16_t * chars, unsigned pos, unsigned n, int fla
 
 unsigned ustring::find_first_of(const char16_t * chars, unsigned pos, unsigned n, int flag) const
 {
+    n = count_of(chars, n);
     for (unsigned i = pos; i < length_; ++i)
         if (std::any_of(chars, chars + n, [&](char16_t ch) { return same(units_[i], ch, flag); }))
             return i;
@@ -297,6 +305,7 @@ unsigned ustring::find_first_of(const char16_t * chars, unsigned pos, unsigned n
 
 unsigned ustring::find_first_not_of(const char16_t * chars, unsigned pos, unsigned n, int flag) const
 {
+    n = count_of(chars, n);
     for (unsigned i = pos; i < length_; ++i)
         if (std::none_of(chars, chars + n, [&](char16_t ch) { return same(units_[i], ch, flag); }))
             return i;

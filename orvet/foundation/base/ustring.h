@@ -12,7 +12,8 @@ namespace orvet {
 /// Any bytes that go in through `const char *` or `getline` come out of `mbcs_str` byte for byte, also those
 /// that are no UTF-8. Positions and counts are in units; out of range they are clipped, and a count of `npos`
 /// means up to the end. Editing works in place, returns the object, and takes the object's own text as well.
-/// Case means the ASCII letters, whatever the locale. Where memory is short the object stays as it was.
+/// An edit that cuts a pair of units in two leaves halves, whose bytes are not defined. Case means the ASCII
+/// letters, whatever the locale. Where memory is short the object stays as it was.
 class ORVET_API ustring : public codable {
 public:
     /// `npos` as a count means up to the end; as a result, nothing found.
@@ -104,8 +105,8 @@ public:
     ///@{
     /// The same rule, also where the class of only one side is known.
     friend bool operator==(const ustring & a, const ustring & b) noexcept { return a.equals(b); }
-    friend bool operator==(const codable & a, const ustring & b) { return b.operator==(a) != 0; }
-    friend bool operator!=(const codable & a, const ustring & b) { return b.operator==(a) == 0; }
+    friend bool operator==(const codable & a, const ustring & b) { return a.operator==(b) != 0; }
+    friend bool operator!=(const codable & a, const ustring & b) { return a.operator==(b) == 0; }
     friend bool operator!=(const ustring & a, const codable & b) { return a.operator==(b) == 0; }
     friend bool operator!=(const ustring & a, const ustring & b) noexcept { return !a.equals(b); }
     ///@}

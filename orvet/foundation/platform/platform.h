@@ -40,6 +40,10 @@ int sync_stream(std::FILE * stream);
 int copy_permissions(const ustring & from, std::FILE * stream);
 /// True when anything of that name is there.
 bool exists(const ustring & path);
+/// True for a file, no directory, pipe or device.
+bool is_file(const ustring & path);
+/// True when both names lead to one file.
+bool same_file(const ustring & a, const ustring & b);
 
 /// The shell's command that prints a file.
 extern const char print_command[];

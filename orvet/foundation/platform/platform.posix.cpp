@@ -129,6 +129,23 @@ int run_command(const ustring & line)
     return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
+bool is_file(const ustring & path)
+{
+    const char * const name = native(path);
+    struct stat status;
+    return name && stat(name, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool same_file(const ustring & a, const ustring & b)
+{
+    const char * const one = native(a);
+    const char * const other = native(b);
+    struct stat first;
+    struct stat second;
+    return one && other && stat(one, &first) == 0 && stat(other, &second) == 0 &&
+           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
 unsigned long last_error()
 {
     return static_cast<unsigned long>(errno);

@@ -138,6 +138,34 @@ bool exists(const ustring & path)
     return name.wide && _waccess(name.wide, 0) == 0;
 }
 
+bool is_file(const ustring & path)
+{
+    const native_text name(path);
+    const DWORD attributes = name.wide ? GetFileAttributesW(name.wide) : INVALID_FILE_ATTRIBUTES;
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+bool same_file(const ustring & a, const ustring & b)
+{
+    const auto identify = [](const ustring & path, BY_HANDLE_FILE_INFORMATION & information) {
+        const native_text name(path);
+        const HANDLE file =
+            name.wide ? CreateFileW(name.wide, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                    nullptr, OPEN_EXISTING, 0, nullptr)
+                      : INVALID_HANDLE_VALUE;
+        if (file == INVALID_HANDLE_VALUE)
+            return false;
+        const bool known = GetFileInformationByHandle(file, &information) != 0;
+        CloseHandle(file);
+        return known;
+    };
+    BY_HANDLE_FILE_INFORMATION first;
+    BY_HANDLE_FILE_INFORMATION second;
+    return identify(a, first) && identify(b, second) &&
+           first.dwVolumeSerialNumber == second.dwVolumeSerialNumber &&
+           first.nFileIndexHigh == second.nFileIndexHigh && first.nFileIndexLow == second.nFileIndexLow;
+}
+
 const char print_command[] = "type";
 
 int run_command(const ustring & line)
