@@ -1,65 +1,46 @@
 #include "support.h"
 
+#include <algorithm>
 #include <iterator>
 #include <memory>
 
 using namespace orvet;
 using namespace orvet_test;
-
 namespace {
-
 template <class Record>
 struct field {
-    const ustring & (*get)(const Record & record);
-    void (*put)(Record & record, const ustring & value);
+    const ustring & (Record::*get)() const;
+    void (Record::*put)(const ustring & value);
 };
 
-// clang-format off
-
-// Every field by its accessor and setter, in the order of the record's keywords.
-#define FIELD(name) {[](const record & r) -> const ustring & { return r.name(); }, \
-                     [](record & r, const ustring & value) { r.set_##name(value); }}
 template <class Record>
 struct layout;
 
-template <>
-struct layout<VXA_inst_info> {
-    using record = VXA_inst_info;
-    static constexpr int first_row = 0;
-    static constexpr field<record> fields[] = {
-        FIELD(op_system), FIELD(server_name), FIELD(server_ren_rgn), FIELD(gateway_ip_address),
-        FIELD(gateway_port_number), FIELD(agent_name), FIELD(agent_port_number), FIELD(agent_inst_path),
-        FIELD(images_server_name), FIELD(exported_dir), FIELD(mount_point), FIELD(mount_options),
-        FIELD(export_options)};
-};
-
-template <>
-struct layout<auth_profile_info> {
-    using record = auth_profile_info;
-    static constexpr int first_row = 14;
-    static constexpr field<record> fields[] = {
-        FIELD(usProfileName), FIELD(usManageAll), FIELD(usCMInstall), FIELD(usCMActivate), FIELD(usCMExecute),
-        FIELD(usCMAuthorize), FIELD(usPreparation), FIELD(usPreparationModi), FIELD(usPreparationView),
-        FIELD(usSend), FIELD(usRDR), FIELD(usQueues), FIELD(usQueuesManage), FIELD(usQueuesView),
-        FIELD(usSysAdmin), FIELD(usSysAdminModi), FIELD(usSysAdminView), FIELD(usConfiguration),
-        FIELD(usConfigurationModi), FIELD(usConfigurationView), FIELD(usPurgeRequests),
-        FIELD(usManageRequestes)};
-};
-
-template <>
-struct layout<user_info> {
-    using record = user_info;
-    static constexpr int first_row = 36;
-    static constexpr field<record> fields[] = {FIELD(usUserName), FIELD(usProfileName)};
-};
-#undef FIELD
-
+// clang-format off
+// Every field by its accessor and setter, in the order of the record's keywords.
+#define FIELD(name) {&record::name, &record::set_##name}
+#define LAYOUT(type, row, ...)                                       \
+    template <>                                                      \
+    struct layout<type> {                                            \
+        using record = type;                                         \
+        static constexpr const char * name = #type;                  \
+        static constexpr int first_row = row;                        \
+        static constexpr field<record> fields[] = {__VA_ARGS__};     \
+    }
+LAYOUT(VXA_inst_info, 0, FIELD(op_system), FIELD(server_name), FIELD(server_ren_rgn), FIELD(gateway_ip_address),
+       FIELD(gateway_port_number), FIELD(agent_name), FIELD(agent_port_number), FIELD(agent_inst_path),
+       FIELD(images_server_name), FIELD(exported_dir), FIELD(mount_point), FIELD(mount_options), FIELD(export_options));
+LAYOUT(auth_profile_info, 14, FIELD(usProfileName), FIELD(usManageAll), FIELD(usCMInstall), FIELD(usCMActivate),
+       FIELD(usCMExecute), FIELD(usCMAuthorize), FIELD(usPreparation), FIELD(usPreparationModi), FIELD(usPreparationView),
+       FIELD(usSend), FIELD(usRDR), FIELD(usQueues), FIELD(usQueuesManage), FIELD(usQueuesView), FIELD(usSysAdmin),
+       FIELD(usSysAdminModi), FIELD(usSysAdminView), FIELD(usConfiguration), FIELD(usConfigurationModi),
+       FIELD(usConfigurationView), FIELD(usPurgeRequests), FIELD(usManageRequestes));
+LAYOUT(user_info, 36, FIELD(usUserName), FIELD(usProfileName));
 // clang-format on
-
 template <class Record>
 std::string values(const Record & record) {
     std::string text;
-    for (const auto & each : layout<Record>::fields) text += text_of(each.get(record)) + "|";
+    for (const auto & each : layout<Record>::fields) text += text_of((record.*each.get)()) + "|";
     return text;
 }
 
@@ -68,13 +49,11 @@ template <class Record>
 std::string shown(const Record & record) {
     std::string text;
     for (int row = 0; fip_names[row]; ++row) {
-        const int index = row - layout<Record>::first_row;
-        const bool own = index >= 0 && index < static_cast<int>(std::size(layout<Record>::fields));
-        const std::string value = own ? text_of(layout<Record>::fields[index].get(record)) : "";
-        if (record.fip(fip_names[row]))
-            text += fip_names[row] + value + ";";
-        else if (own && value != text_of(layout<Record>::fields[index].get(Record())))
-            text += "?" + value + ";";
+        const auto index = static_cast<unsigned>(row - layout<Record>::first_row);
+        const auto get = index < std::size(layout<Record>::fields) ? layout<Record>::fields[index].get : nullptr;
+        const bool marked = record.fip(fip_names[row]) != 0;
+        if (marked || (get && (record.*get)() != (Record().*get)()))
+            text += (marked ? fip_names[row] : "?") + (get ? text_of((record.*get)()) : "") + ";";
     }
     return text;
 }
@@ -87,16 +66,14 @@ void check_fields(const std::string & fresh) {
     int row = layout<Record>::first_row;
     for (const auto & each : layout<Record>::fields) {
         const std::string keyword = fip_names[row++];
-        each.put(by_setter, ("WIN95" + keyword).c_str());
+        (by_setter.*each.put)(("WIN95" + keyword).c_str());
         EXPECT_EQ(by_line.set((keyword + "  WIN95" + keyword + " ").c_str()), 0) << keyword;
         expected += keyword + "WIN95" + keyword + ";";
         EXPECT_EQ(shown(by_setter), expected);
         EXPECT_EQ(shown(by_line), expected);
     }
-    for (const char * stranger : {"FOO=", "USER", "user=", "", static_cast<const char *>(nullptr)}) {
+    for (const char * stranger : {"FOO=", "USER", "user=", "", static_cast<const char *>(nullptr)})
         by_line.set_fip(stranger);
-        EXPECT_EQ(by_line.fip(stranger), 0);
-    }
     EXPECT_EQ(shown(by_line), expected);
 }
 
@@ -108,80 +85,54 @@ TEST(Records, EachFieldHasItsDefaultKeywordSetterAndMark) {
 
 struct set_case {
     const char * line;
-    short code;
-    const char * shown;     ///< a new record that was given the line
-    const char * told = ""; ///< what the messages show of the line
+    const char * shown;          ///< a new record that was given the line
+    const char * told = nullptr; ///< what the messages show of a line that is refused
+    short code = told ? 100 : 0;
 };
 
 template <class Record>
-void check_set(const char * name, std::initializer_list<set_case> cases) {
-    for (const set_case & each : cases) {
+void check_set(std::initializer_list<set_case> cases) {
+    for (const auto & [line, result, told, code] : cases) {
         Record record;
-        const ustring line(each.line);
         transcript spoken(2);
-        EXPECT_EQ(record.set(line), each.code) << each.line;
-        const std::string told = each.told;
-        const std::string trace = std::string("T[E] ") + name + "::set Invalid ";
-        EXPECT_EQ(spoken.take(), each.code == 0 ? ""
-                                 : each.code == 101
-                                     ? "L MSG0136 [El The value <" + told + "> is invalid as operating system.\n" +
-                                           trace + "operating system <" + told + "> found\n"
-                                     : "L MSG0134 [Fl Keyword " + told +
-                                           " is invalid in the currently read input file\n" + trace + "keyword <" +
-                                           told + "> found\n")
-            << each.line;
-        EXPECT_EQ(shown(record), each.shown) << each.line;
-        EXPECT_EQ(text_of(line), each.line);
+        EXPECT_EQ(record.set(line), code) << line;
+        const std::string what = code == 101 ? "operating system" : "keyword", name = layout<Record>::name;
+        EXPECT_EQ(spoken.take("T[E]"),
+                  told ? "T[E] " + name + "::set Invalid " + what + " <" + told + "> found\n" : "");
+        EXPECT_EQ(shown(record), result) << line;
     }
 }
 
 // clang-format off
-
-TEST(Records, SetTakesALineOrLeavesTheRecord)
-{
-    check_set<VXA_inst_info>("VXA_inst_info", {
-        {"server_name =  AbC ", 0, "SERVER_NAME=AbC;"},
-        {"  mount_options = a = b", 0, "MOUNT_OPTIONS=a = b;"},
-        {"SERVER_NAME=", 0, "SERVER_NAME=;"},
-        {"SERVER_NAME=MOUNT_POINT= x", 0, "SERVER_NAME=MOUNT_POINT= x;MOUNT_POINT=x;"},
-        {"MOUNT_POINT=SERVER_NAME=x", 0, "MOUNT_POINT=SERVER_NAME=x;"},
-        {"SERVER_NAME=mount_point=x", 0, "SERVER_NAME=mount_point=x;"},
-        {"OPERATING_SYSTEM=WIN95B", 0, "OPERATING_SYSTEM=WIN95B;"},
-        {"OPERATING_SYSTEM=UVX", 0, "OPERATING_SYSTEM=UVX;"},
-        {"OPERATING_SYSTEM= windows_nt ", 101, "", "windows_nt"},
-        {"AGENT_NAME=$(HOSTNAME)", 0, "AGENT_NAME=;"},
-        {"AGENT_NAME=$(HOSTNAME)s", 0, "AGENT_NAME=$(HOSTNAME)s;"},
-        {"AGENT_NAME=$(hostname)", 0, "AGENT_NAME=$(hostname);"},
-        {"target = x", 0, ""},
-        {" server_name", 100, "", " server_name"},
-        {"foo =a:b", 100, "", "foo "},
-        {"USER=x", 100, "", "USER"},
-        {"", 100, ""},
+TEST(Records, SetTakesALineOrLeavesTheRecord) {
+    check_set<VXA_inst_info>({
+        {"server_name =  AbC ", "SERVER_NAME=AbC;"}, {"  mount_options = a = b", "MOUNT_OPTIONS=a = b;"},
+        {"SERVER_NAME=", "SERVER_NAME=;"}, {"OPERATING_SYSTEM=UVX", "OPERATING_SYSTEM=UVX;"}, {"target = x", ""},
+        {"SERVER_NAME=MOUNT_POINT= x", "SERVER_NAME=MOUNT_POINT= x;MOUNT_POINT=x;"},
+        {"MOUNT_POINT=SERVER_NAME=x", "MOUNT_POINT=SERVER_NAME=x;"},
+        {"SERVER_NAME=mount_point=x", "SERVER_NAME=mount_point=x;"},
+        {"AGENT_NAME=$(HOSTNAME)", "AGENT_NAME=;"}, {"AGENT_NAME=$(HOSTNAME)s", "AGENT_NAME=$(HOSTNAME)s;"},
+        {"OPERATING_SYSTEM= windows_nt ", "", "windows_nt", 101}, {" server_name", "", " server_name"},
+        {"foo =a:b", "", "foo "}, {"USER=x", "", "USER"}, {"", "", ""},
     });
-    check_set<auth_profile_info>("auth_profile_info", {
-        {"profile name= SEND=x ", 0, "PROFILE NAME=SEND=x;SEND=x;"},
-        {"Preparation Modify=yes", 0, "PREPARATION MODIFY=yes;"},
-        {"PROFILE NAME =x", 100, "", "PROFILE NAME =x"},
-        {" SEND=x", 100, "", " SEND=x"},
-        {"send", 100, "", "send"},
-        {"foo:x=1", 100, "", "foo"},
+    check_set<auth_profile_info>({
+        {"profile name= SEND=x ", "PROFILE NAME=SEND=x;SEND=x;"}, {"PROFILE NAME =x", "", "PROFILE NAME =x"},
+        {" SEND=x", "", " SEND=x"}, {"foo:x=1", "", "foo"},
     });
-    check_set<user_info>("user_info", {
-        {"USER=AUTHORIZATION PROFILE= x", 0, "USER=AUTHORIZATION PROFILE= x;AUTHORIZATION PROFILE=x;"},
-        {"user=Jo", 0, "USER=Jo;"},
-        {"AUTHORIZATION PROFILE=", 0, "AUTHORIZATION PROFILE=;"},
-        {"USER =x", 100, "", "USER =x"},
-        {"PROFILE NAME=x", 100, "", "PROFILE NAME=x"},
+    check_set<user_info>({
+        {"USER=AUTHORIZATION PROFILE= x", "USER=AUTHORIZATION PROFILE= x;AUTHORIZATION PROFILE=x;"},
+        {"USER =x", "", "USER =x"}, {"PROFILE NAME=x", "", "PROFILE NAME=x"},
     });
-    // A record's own field may serve as the line.
-    user_info user;
+    user_info user; // a record's own field may serve as the line
     user.set_usUserName("USER=AUTHORIZATION PROFILE=a profile of some length");
     EXPECT_EQ(user.set(user.usUserName()), 0);
-    EXPECT_EQ(values(user), "AUTHORIZATION PROFILE=a profile of some length|a profile of some length|");
+    const std::unique_ptr<codable> copy(user.clone());
+    user.clear();
+    EXPECT_EQ(shown(user), "");
+    EXPECT_EQ(shown(static_cast<user_info &>(*copy)), "USER=AUTHORIZATION PROFILE=a profile of some length;"
+                                                      "AUTHORIZATION PROFILE=a profile of some length;");
 }
-
 // clang-format on
-
 TEST(Records, TheirLinesStandInOrder) {
     VXA_inst_info agent;
     auth_profile_info profile;
@@ -207,15 +158,18 @@ T[C] auth_profile_info::validate >>>> ENTRY>>>>>
 )");
 }
 
+using keywords = std::vector<const char *>;
+
+/// `refused`: the line that tells why; `foreign`: the marks that are warned of.
 template <class Record>
-void check_validate(const std::vector<const char *> & marks, int result, const std::string & lines,
-                    const char * op_system = nullptr) {
-    Record record;
+void check_validate(Record record, const keywords & marks, const std::string & refused, const keywords & foreign = {}) {
     for (const char * keyword : marks) record.set_fip(keyword);
-    if (op_system)
-        layout<Record>::fields[0].put(record, op_system);
+    std::string lines = refused;
+    for (const std::string keyword : foreign)
+        lines += "L MSG0138 [W] The keyword " + keyword +
+                 " specified in the input file is not allowed in the current context.\n";
     transcript spoken(1);
-    EXPECT_EQ(record.validate(), result) << lines;
+    EXPECT_EQ(record.validate(), refused.empty()) << lines;
     EXPECT_EQ(spoken.take(), lines);
 }
 
@@ -223,45 +177,26 @@ std::string missing(const std::string & keyword) {
     return "L MSG0137 [F] The mandatory keywork " + keyword + " was not supplied in the input file.\n";
 }
 
-std::string foreign(const std::string & keyword) {
-    return "L MSG0138 [W] The keyword " + keyword +
-           " specified in the input file is not allowed in the current context.\n";
-}
-
 TEST(Records, ValidateWeighsTheMarks) {
+    VXA_inst_info agent;
+    keywords marks(fip_names, fip_names + 11), all(fip_names, fip_names + 15);
     const std::string bad_system = "T[E] VXA_inst_info::validate Invalid operating system <";
-    std::vector<const char *> marks;
-    check_validate<VXA_inst_info>(marks, 0, bad_system + ">\n");
-    check_validate<VXA_inst_info>(marks, 0, bad_system + "UVX>\n", "UVX");
-    for (int row : {1, 2, 3, 8, 9, 10}) { // each mandatory keyword is missed in its turn
-        check_validate<VXA_inst_info>(marks, 0, missing(fip_names[row]), "WIN95");
-        marks.push_back(fip_names[row]);
+    check_validate(agent, marks, bad_system + ">\n");
+    agent.set_op_system("UVX");
+    check_validate(agent, marks, bad_system + "UVX>\n");
+    agent.set_op_system("WINDOWS_NT4");
+    check_validate(agent, marks, "");
+    agent.set_op_system("WIN95");
+    for (int row : {10, 9, 8, 3, 2, 1}) { // each mandatory keyword is missed in its turn
+        marks.erase(std::find(marks.begin(), marks.end(), fip_names[row]));
+        check_validate(agent, marks, missing(fip_names[row]));
     }
-    check_validate<VXA_inst_info>(marks, 1, "", "WINDOWS_NT4");
-    marks.assign(fip_names, fip_names + 15);
-    marks.push_back("USER=");
-    check_validate<VXA_inst_info>(marks, 1, foreign("PROFILE NAME=") + foreign("USER="), "WIN95");
-    check_validate<auth_profile_info>({}, 1, "");
-    marks.assign(fip_names + 13, fip_names + 37);
-    check_validate<auth_profile_info>(marks, 1, foreign("TARGET=") + foreign("USER="));
-    check_validate<user_info>({}, 0, missing("USER="));
-    check_validate<user_info>({"USER=", "SEND="}, 0, missing("AUTHORIZATION PROFILE="));
-    check_validate<user_info>({"USER=", "SEND=", "AUTHORIZATION PROFILE="}, 1, foreign("SEND="));
+    all.push_back("USER=");
+    check_validate(agent, all, "", {"PROFILE NAME=", "USER="});
+    check_validate(auth_profile_info(), {}, "");
+    check_validate(auth_profile_info(), {fip_names + 13, fip_names + 37}, "", {"TARGET=", "USER="});
+    check_validate(user_info(), {}, missing("USER="));
+    check_validate(user_info(), {"USER=", "SEND="}, missing("AUTHORIZATION PROFILE="));
+    check_validate(user_info(), {"USER=", "SEND=", "AUTHORIZATION PROFILE="}, "", {"SEND="});
 }
-
-TEST(Records, CopiesStandAloneAndClearGoesBack) {
-    auth_profile_info profile;
-    profile.set("PROFILE NAME=operators");
-    profile.set("PREPARATION VIEW=a text longer than any short one");
-    profile.set_fip("USER=");
-    const std::string before = shown(profile);
-    const std::unique_ptr<codable> copy(profile.clone());
-    ustring text("former");
-    profile.toString(text);
-    EXPECT_EQ(text_of(text + "end"), "operators\nNO\nNO\nNO\nNO\nNO\nNO\nNO\nNO\nNO\nNO\nNO\nNO\nNO\nend");
-    profile.clear();
-    EXPECT_EQ(shown(profile), "");
-    EXPECT_EQ(shown(static_cast<auth_profile_info &>(*copy)), before);
-}
-
 } // namespace
