@@ -15,6 +15,10 @@ show() {
 }
 
 show ktxsample -cmd domains -ini out.txt -file data/scan.res -trc 1
+for kind in agents profiles users; do
+  show ktxsample -cmd records -ini out.txt -obj $kind -file data/$kind.txt
+done
+show ktxsample -cmd records -ini out.txt -obj users -file data/users_bad.txt
 
 printf '\n\033[1mThe end of the trace, and the log:\033[0m\n'
 tail -n 5 "$work/ktx1.trc"

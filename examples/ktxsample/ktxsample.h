@@ -9,4 +9,11 @@
 /// "-cmd domains -file RESULT": the domains of a scan result file, with their targets.
 int show_domains(const orvet::input_parms & ip);
 
+/// "-cmd records -obj agents|profiles|users -file FILE": the records of an input file of that kind.
+int show_records(const orvet::input_parms & ip);
+
+/// "-cmd listing [-obj NAME] [-rcmd BASE]": what Brodan says about its targets and the object of that global
+/// name. Without "-rcmd" the `brod` on the PATH answers; "dummy DIRECTORY" answers from canned files.
+int ask_brodan(const orvet::input_parms & ip);
+
 #endif

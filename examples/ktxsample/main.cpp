@@ -15,6 +15,9 @@ struct command {
 
 constexpr command commands[] = {
     {"domains", show_domains, "show the domains and targets of the scan result file named by -file"},
+    {"records", show_records,
+     "show the records of the input file named by -file; -obj agents, profiles or users"},
+    {"listing", ask_brodan, "list Brodan's targets and the object named by -obj; -rcmd says who answers"},
 };
 
 // The kind of tool this is: "-cmd" and "-ini" are mandatory.
@@ -24,9 +27,9 @@ constexpr int wrong_call = 2;
 
 int explain()
 {
-    std::printf("usage: ktxsample -cmd COMMAND -ini FILE [options]\n");
+    std::printf("%scommands of -cmd:\n", orvet::input_parms::usage(profile, "ktxsample").mbcs_str());
     for (const command & each : commands)
-        std::printf("  %-10s %s\n", each.name, each.purpose);
+        std::printf("    %-10s %s\n", each.name, each.purpose);
     return wrong_call;
 }
 

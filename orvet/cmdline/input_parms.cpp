@@ -3,6 +3,8 @@
 #include <cctype>
 #include <cstring>
 
+#include "orvet/foundation/base/memory.h"
+#include "orvet/foundation/base/name_list.h"
 #include "orvet/foundation/base/number.h"
 #include "orvet/foundation/call_trace.h"
 #include "orvet/foundation/environment.h"
@@ -71,26 +73,13 @@ void store(ustring & field, const char * value, const keyword_rule & rule)
     field = rule.otherwise;
 }
 
-bool holds(const char * const * list, const char * name)
-{
-    while (*list && std::strcmp(*list, name) != 0)
-        ++list;
-    return *list != nullptr;
-}
-
-/// The position of `name` in the option table; that of the null entry when it is not there.
-int index_of(const char * name)
-{
-    int i = 0;
-    while (ip_names[i] && (!name || std::strcmp(ip_names[i], name) != 0))
-        ++i;
-    return i;
-}
-
-/// What `get_ips` does with an option: one of the two setters, and the code when it leaves an empty field.
-struct option_action {
+/// What is to be known of an option: what stands for its value in a usage text, or the words that it accepts;
+/// one of the two setters; and the code when that leaves an empty field.
+struct option_row {
+    const char * value;
     void (input_parms::*take_value)(const char *);
     void (input_parms::*take_flag)() = nullptr;
+    const char * const * words = nullptr;
     short (*check)(const input_parms &) = nullptr;
 };
 
@@ -105,37 +94,37 @@ short check_obj_type(const input_parms & ip)
 }
 
 /// One row for each of `ip_names`, in the same order.
-constexpr option_action actions[option_count] = {
-    {&input_parms::set_ip_log_level},
-    {&input_parms::set_ip_trace_level},
-    {&input_parms::set_ip_op_sys, nullptr, check_op_sys},
-    {&input_parms::set_ip_file_name},
-    {&input_parms::set_ip_base_cmd},
-    {&input_parms::set_ip_obj_type, nullptr, check_obj_type},
-    {nullptr, &input_parms::set_ip_uvxinstp},
-    {&input_parms::set_ip_trg_name},
-    {&input_parms::set_ip_top_root},
-    {nullptr, &input_parms::set_ip_force},
-    {&input_parms::set_ip_cmd},
-    {&input_parms::set_ip_key},
-    {nullptr, &input_parms::set_ip_h_global},
-    {nullptr, &input_parms::set_ip_t_global},
-    {&input_parms::set_ip_usr_name},
-    {&input_parms::set_ip_prf_name},
-    {&input_parms::set_ip_grp_name},
-    {&input_parms::set_ip_tool_name},
-    {&input_parms::set_ip_obj_file_name},
-    {&input_parms::set_ip_input_file},
-    {&input_parms::set_ip_srv_name},
-    {&input_parms::set_ip_input_dir},
-    {&input_parms::set_ip_pro_name},
-    {&input_parms::set_ip_gfn_name},
-    {&input_parms::set_ip_resgf_name},
-    {&input_parms::set_ip_ret_val},
-    {&input_parms::set_ip_type},
-    {&input_parms::set_ip_tokens_file},
-    {&input_parms::set_ip_out_dir},
-    {&input_parms::set_ip_vxa_images},
+constexpr option_row rows[option_count] = {
+    {"NUMBER", &input_parms::set_ip_log_level},
+    {"NUMBER", &input_parms::set_ip_trace_level},
+    {nullptr, &input_parms::set_ip_op_sys, nullptr, op_sys_words, check_op_sys},
+    {"PATH", &input_parms::set_ip_file_name},
+    {"TEXT", &input_parms::set_ip_base_cmd},
+    {nullptr, &input_parms::set_ip_obj_type, nullptr, obj_type_words, check_obj_type},
+    {nullptr, nullptr, &input_parms::set_ip_uvxinstp},
+    {"TEXT", &input_parms::set_ip_trg_name},
+    {"PATH", &input_parms::set_ip_top_root},
+    {nullptr, nullptr, &input_parms::set_ip_force},
+    {"TEXT", &input_parms::set_ip_cmd},
+    {"TEXT", &input_parms::set_ip_key},
+    {nullptr, nullptr, &input_parms::set_ip_h_global},
+    {nullptr, nullptr, &input_parms::set_ip_t_global},
+    {"TEXT", &input_parms::set_ip_usr_name},
+    {"TEXT", &input_parms::set_ip_prf_name},
+    {"TEXT", &input_parms::set_ip_grp_name},
+    {"TEXT", &input_parms::set_ip_tool_name},
+    {"PATH", &input_parms::set_ip_obj_file_name},
+    {"PATH", &input_parms::set_ip_input_file},
+    {"TEXT", &input_parms::set_ip_srv_name},
+    {"PATH", &input_parms::set_ip_input_dir},
+    {"TEXT", &input_parms::set_ip_pro_name},
+    {"TEXT", &input_parms::set_ip_gfn_name},
+    {"TEXT", &input_parms::set_ip_resgf_name},
+    {nullptr, &input_parms::set_ip_ret_val, nullptr, ret_val_words},
+    {nullptr, &input_parms::set_ip_type, nullptr, type_words},
+    {"TEXT", &input_parms::set_ip_tokens_file},
+    {"PATH", &input_parms::set_ip_out_dir},
+    {"PATH", &input_parms::set_ip_vxa_images},
 };
 
 /// The option whose name `word` begins with, or that of the null entry. No name is the beginning of another.
@@ -145,6 +134,23 @@ int option_of(const char * word)
     while (ip_names[i] && std::strncmp(word, ip_names[i], std::strlen(ip_names[i])) != 0)
         ++i;
     return i;
+}
+
+/// An option as a usage text shows it: "-log NUMBER", "-ret ok|err", "-force".
+ustring option_text(const char * name)
+{
+    ustring text(name);
+    const int option = index_in(ip_names, name);
+    if (!ip_names[option])
+        return text;
+    if (rows[option].value)
+        text.append(" ").append(rows[option].value);
+    const char * mark = " ";
+    for (const char * const * word = rows[option].words; word && *word; ++word) {
+        text.append(mark).append(*word);
+        mark = "|";
+    }
+    return text;
 }
 
 void lower_in_place(char * word)
@@ -170,17 +176,17 @@ short input_parms::get_ips(int argc, char ** argv)
             console_message(messages::MSGI0004, word);
             return unknown_option;
         }
-        const option_action & action = actions[option];
-        if (action.take_flag) {
-            (this->*action.take_flag)();
+        const option_row & row = rows[option];
+        if (row.take_flag) {
+            (this->*row.take_flag)();
             continue;
         }
         if (i == argc - 1) {
             console_message(messages::MSGI0005, word);
             return value_missing;
         }
-        (this->*action.take_value)(argv[++i]);
-        const short code = action.check ? action.check(*this) : short{taken};
+        (this->*row.take_value)(argv[++i]);
+        const short code = row.check ? row.check(*this) : short{taken};
         if (code != taken)
             return code;
     }
@@ -190,7 +196,7 @@ short input_parms::get_ips(int argc, char ** argv)
 int input_parms::validate(const char * const * mandatory, const char * const * allowed) const
 {
     for (const char * const * name = mandatory; *name; ++name) {
-        const int option = index_of(*name);
+        const int option = index_in(ip_names, *name);
         if (ip_names[option] && !ip_flags_[option]) {
             console_message(messages::MSGI0007, *name);
             return 0;
@@ -202,16 +208,40 @@ int input_parms::validate(const char * const * mandatory, const char * const * a
     return 1;
 }
 
+vector input_parms::missing(const char * const * mandatory) const
+{
+    vector names;
+    for (const char * const * name = mandatory; *name; ++name) {
+        const int option = index_in(ip_names, *name);
+        if (ip_names[option] && !ip_flags_[option])
+            names.push_back(make<ustring>(*name));
+    }
+    return names;
+}
+
+ustring input_parms::usage(const option_profile & profile, const char * tool_name)
+{
+    ustring text("usage: ");
+    text.append(tool_name);
+    for (const char * const * name = profile.mandatory; *name; ++name)
+        text.append(" ").append(option_text(*name));
+    if (*profile.allowed)
+        text.append(" [options]\noptions:");
+    for (const char * const * name = profile.allowed; *name; ++name)
+        text.append("\n    ").append(option_text(*name));
+    return text.append("\n");
+}
+
 void input_parms::set_ip(const char * name)
 {
-    const int option = index_of(name);
+    const int option = index_in(ip_names, name);
     if (ip_names[option])
         ip_flags_[option] = 1;
 }
 
 int input_parms::ip(const char * name) const
 {
-    return ip_flags_[index_of(name)];
+    return ip_flags_[index_in(ip_names, name)];
 }
 
 pathname & input_parms::ip_file_name()

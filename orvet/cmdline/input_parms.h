@@ -3,6 +3,7 @@
 
 #include "orvet/cmdline/option_table.h"
 #include "orvet/foundation/base/pathname.h"
+#include "orvet/foundation/base/vector.h"
 
 namespace orvet {
 
@@ -28,6 +29,14 @@ public:
     /// 0 and names the first mandatory option that is missing, or 1; options outside both lists are only
     /// warned of.
     int validate(const char * const * mandatory, const char * const * allowed) const;
+
+    /// The names of all mandatory options that were not specified, as `ustring`s in the order of the list;
+    /// names outside the option table are passed over. Prints nothing.
+    vector missing(const char * const * mandatory) const;
+
+    /// How to call a tool of that profile: the mandatory options with the kind of their value or the words that
+    /// they accept, and the allowed ones, one a line. Ends in a line feed.
+    static ustring usage(const option_profile & profile, const char * tool_name);
 
     /// Marks the option of that name; a name outside the table marks nothing.
     void set_ip(const char * name);

@@ -9,6 +9,11 @@ inline constexpr short success = 0;
 inline constexpr short section_absent = -1; ///< `find_section`: not in the rest of the file
 inline constexpr short rename_failed = 6;   ///< `copy_to`
 
+inline constexpr short not_provided = 18;       ///< `get_fips`: a call without sections, a fifth agent section
+inline constexpr short invalid_keyword = 100;   ///< a line of an input file that the record does not know
+inline constexpr short invalid_op_system = 101; ///< an agent's operating system that is none
+inline constexpr short invalid_section = 102;   ///< `get_fips`: a section that is not valid
+
 inline constexpr short open_failed = 250;
 inline constexpr short write_failed = 251;
 inline constexpr short close_failed = 252;

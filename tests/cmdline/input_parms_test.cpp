@@ -23,8 +23,7 @@ std::string outcome(input_parms & ip, const std::string & line, std::string * wo
     std::vector<char *> argv;
     for (std::string & word : words) argv.push_back(word.data());
     short code = -1;
-    const std::string printed =
-        printed_by([&] { code = ip.get_ips(static_cast<int>(argv.size()), argv.data()); });
+    const std::string printed = printed_by([&] { code = ip.get_ips(static_cast<int>(argv.size()), argv.data()); });
     if (words_afterwards)
         for (const std::string & word : words) *words_afterwards += word + " ";
     return std::to_string(code) + " | " + marks(ip) + " | " + printed;
@@ -71,10 +70,8 @@ TEST_F(InputParms, EveryValueReachesItsOwnField) {
     for (const auto & [option, get] : texts) line += std::string(" ") + option + " Value\xE9" + option;
     for (const auto & [option, get] : paths) line += std::string(" ") + option + " Value\xE9" + option;
     outcome(all, line);
-    for (const auto & [option, get] : texts)
-        EXPECT_EQ(text_of((all.*get)()), std::string("Value\xE9") + option);
-    for (const auto & [option, get] : paths)
-        EXPECT_EQ(text_of((all.*get)().text()), std::string("Value\xE9") + option);
+    for (const auto & [option, get] : texts) EXPECT_EQ(text_of((all.*get)()), std::string("Value\xE9") + option);
+    for (const auto & [option, get] : paths) EXPECT_EQ(text_of((all.*get)().text()), std::string("Value\xE9") + option);
     EXPECT_EQ(text_of(ip::ip_base_cmd()) + text_of(ip::ip_file_name().text()), "BaseFile");
 }
 
@@ -90,13 +87,11 @@ TEST_F(InputParms, ReadsCommandLines) {
         {"tool File", "1 |  | MSGI0004 [F] The option file is not supported.\n"},
         {"tool -tool x ''", "1 | -tool | MSGI0004 [F] The option  is not supported.\n"},
         {"tool -lo", "1 |  | MSGI0004 [F] The option -lo is not supported.\n"},
-        {"tool -osys uvx -log 3",
-         "16 | -osys | MSGI0006 [F] The oprating system specified (uvx) is invalid.\n"},
+        {"tool -osys uvx -log 3", "16 | -osys | MSGI0006 [F] The oprating system specified (uvx) is invalid.\n"},
         {"tool -tobj PROCEDURE -log 3",
          "17 | -tobj | MSGI0006 [F] The object type specified (PROCEDURE) is invalid.\n"},
-        {"tool -ret OK -log 3 -trc 2",
-         "0 | -log -trc -ret | MSGI0010 [F] The value specified for the -ret option "
-         "is incorrect. The err value is used as default.\n"},
+        {"tool -ret OK -log 3 -trc 2", "0 | -log -trc -ret | MSGI0010 [F] The value specified for the -ret option "
+                                       "is incorrect. The err value is used as default.\n"},
         {"tool -type plan -log 3 -trc 2", "0 | -log -trc -type | MSGI0011 [F] The value specified for the "
                                           "-type option is incorrect. Allowed values "
                                           "are GEN, ZR7CID, WINCID, BRD2, PROCEDURE and PLAN.\n"},
@@ -181,16 +176,8 @@ TEST_F(InputParms, ValidatesAgainstTwoLists) {
          1,
          "MSGI0008 [W] The option -log specified at call time is not allowed.\n"
          "MSGI0008 [W] The option -trc specified at call time is not allowed.\n"},
-        {{"-log"},
-         {"-ini", "-tool"},
-         {},
-         0,
-         "MSGI0007 [F] The mandatory input parameter -ini was not supplied.\n"},
-        {{"-ini"},
-         {"-ini", "-tool"},
-         {},
-         0,
-         "MSGI0007 [F] The mandatory input parameter -tool was not supplied.\n"},
+        {{"-log"}, {"-ini", "-tool"}, {}, 0, "MSGI0007 [F] The mandatory input parameter -ini was not supplied.\n"},
+        {{"-ini"}, {"-ini", "-tool"}, {}, 0, "MSGI0007 [F] The mandatory input parameter -tool was not supplied.\n"},
         {{"-ini"}, {"-nosuch", "-INI", "-ini"}, {}, 1, ""},
     };
     for (auto each : cases) {
@@ -198,11 +185,25 @@ TEST_F(InputParms, ValidatesAgainstTwoLists) {
         for (const char * const name : each.given) ip.set_ip(name);
         each.mandatory.push_back(nullptr);
         each.allowed.push_back(nullptr);
-        EXPECT_EQ(printed_by([&] {
-                      EXPECT_EQ(ip.validate(each.mandatory.data(), each.allowed.data()), each.result);
-                  }),
+        EXPECT_EQ(printed_by([&] { EXPECT_EQ(ip.validate(each.mandatory.data(), each.allowed.data()), each.result); }),
                   each.printed);
     }
+}
+
+TEST_F(InputParms, TellsUsageAndAllThatIsMissing) {
+    EXPECT_EQ(text_of(input_parms::usage(ip_profiles[16], "ktxplan")),
+              "usage: ktxplan -tool TEXT -dir PATH -srv TEXT -top PATH [options]\noptions:\n    -log NUMBER\n"
+              "    -trc NUMBER\n    -file PATH\n    -ret ok|err\n    -gfn TEXT\n"
+              "    -type GEN|ZR7CID|WINCID|BRD2|PROCEDURE|PLAN|UVXINSTP\n    -osys UVX|WINDOWS_NT\n    -rcmd "
+              "TEXT\n");
+    const char * const mandatory[] = {"-force", "-nosuch", "-ini", "-tool", nullptr};
+    EXPECT_EQ(text_of(input_parms::usage({mandatory, mandatory + 4}, "t")),
+              "usage: t -force -nosuch -ini PATH -tool TEXT\n");
+    input_parms ip;
+    ip.set_ip_file_name("");
+    const vector missing = ip.missing(mandatory);
+    EXPECT_EQ(missing.size(), 2U);
+    EXPECT_EQ(text_of(static_cast<const ustring &>(*missing[1])), "-tool");
 }
 
 /// A profile as "mandatory | allowed".
@@ -236,8 +237,7 @@ TEST(OptionTable, HasTheProfilesOfTheTools) {
         "-gfn-dir-ftok-odir-type|-log-trc-file",
         "-cmd-ini|-obj-tool-file-dir-log-trc-osys-rcmd-srv",
     };
-    for (std::size_t i = 0; i < 19; ++i)
-        EXPECT_EQ(text_of(ip_profiles[i]), expected[i]) << "profile " << i + 1;
+    for (std::size_t i = 0; i < 19; ++i) EXPECT_EQ(text_of(ip_profiles[i]), expected[i]) << "profile " << i + 1;
 }
 
 TEST(SetUp, AppliesSizesAndLevels) {

@@ -7,8 +7,7 @@ using namespace orvet_test;
 
 namespace {
 
-constexpr char not_open[] =
-    "L MSG0001 [F] A read/write operation has been attempted toa file that is not open\n";
+constexpr char not_open[] = "L MSG0001 [F] A read/write operation has been attempted toa file that is not open\n";
 
 /// The lines of one call: entry, its own lines, return line and exit. `T` in `own` stands for "T[X] name".
 std::string call_of(const std::string & name, const std::string & own, const std::string & end) {
@@ -36,15 +35,13 @@ TEST(KtFile, OpensMeasuresAndCloses) {
     EXPECT_EQ(lines.take(), call_of("kt_file(pathname)", "T[I] kt_file(pathname) Path is <ten.txt>\n", ""));
     EXPECT_EQ(file.open("r"), 0);
     EXPECT_EQ(file.file_size(), 10);
-    EXPECT_EQ(lines.take(),
-              call_of("kt_file::open",
-                      "T[W] kt_file::open opening ten.txt file with mode r\n" + seek_lines("ten.txt", 0, 2) +
-                          call_of("kt_file::get_pos", "", "0") +
-                          "T[I] kt_file::open The size of the file is 10\n" + seek_lines("ten.txt", 0, 0),
-                      "0"));
+    EXPECT_EQ(lines.take(), call_of("kt_file::open",
+                                    "T[W] kt_file::open opening ten.txt file with mode r\n" +
+                                        seek_lines("ten.txt", 0, 2) + call_of("kt_file::get_pos", "", "0") +
+                                        "T[I] kt_file::open The size of the file is 10\n" + seek_lines("ten.txt", 0, 0),
+                                    "0"));
     EXPECT_EQ(file.close(), 0);
-    const std::string closing =
-        call_of("kt_file::close", "T[W] kt_file::close closing <ten.txt> file\n", "0");
+    const std::string closing = call_of("kt_file::close", "T[W] kt_file::close closing <ten.txt> file\n", "0");
     EXPECT_EQ(lines.take(), closing);
     EXPECT_EQ(file.file_size(), 0);
     EXPECT_EQ(file.close(), 0);
@@ -108,8 +105,7 @@ TEST(KtFile, SaysWhenItIsNotOpen) {
         transcript lines;
         EXPECT_EQ(each.call(), each.result);
         EXPECT_EQ(lines.take(),
-                  call_of(each.name, std::string("T[F] ") + each.name + " file <x> not open\n" + not_open,
-                          each.end));
+                  call_of(each.name, std::string("T[F] ") + each.name + " file <x> not open\n" + not_open, each.end));
     }
     EXPECT_EQ(position, 7);
     EXPECT_EQ(text_of(line), "kept");
@@ -173,15 +169,12 @@ TEST(KtFile, Writes) {
     transcript lines(1);
     EXPECT_EQ(file.write("abc", 3), 251);
     const std::string written = lines.take();
-    EXPECT_EQ(written.find("T[F] kt_file::write(b,s) error writing to file out.bin. written is 0, errno is "),
-              0U);
-    EXPECT_NE(
-        written.find("\nL MSG0018 [F] Error writing to file out.bin. Written bytes were 0, to write 3.\n"),
-        std::string::npos);
+    EXPECT_EQ(written.find("T[F] kt_file::write(b,s) error writing to file out.bin. written is 0, errno is "), 0U);
+    EXPECT_NE(written.find("\nL MSG0018 [F] Error writing to file out.bin. Written bytes were 0, to write 3.\n"),
+              std::string::npos);
     EXPECT_EQ(file.write(ustring("\xC3\xA9")), 251);
-    EXPECT_EQ(lines.take(),
-              "T[F] kt_file::write error writing to file out.bin. written is 0\n"
-              "L MSG0018 [F] Error writing to file out.bin. Written bytes were 0, to write 2.\n");
+    EXPECT_EQ(lines.take(), "T[F] kt_file::write error writing to file out.bin. written is 0\n"
+                            "L MSG0018 [F] Error writing to file out.bin. Written bytes were 0, to write 2.\n");
     EXPECT_EQ(file.close(), 0); // told already
 }
 
@@ -198,13 +191,12 @@ TEST(KtFile, MovesAndRemoves) {
                                     "0"));
     EXPECT_EQ(read_file("to.txt") + read_file("from.txt"), "new(no file)");
     EXPECT_EQ(file.copy_to("to.txt"), 6); // what was there is gone
-    EXPECT_EQ(lines.take(),
-              call_of("kt_file::copy_to",
-                      "T[W] kt_file::copy_to renaming file <from.txt> to <to.txt>\n"
-                      "T[W] kt_file::copy_to remove done with rc=0, errno=0\n"
-                      "T[E] kt_file::copy_to Rename failed with rc=-1, errno=2\n"
-                      "L MSG0016 [E] The execution of the command to.txt returned rc -1, errno = 2\n",
-                      "quit 6"));
+    EXPECT_EQ(lines.take(), call_of("kt_file::copy_to",
+                                    "T[W] kt_file::copy_to renaming file <from.txt> to <to.txt>\n"
+                                    "T[W] kt_file::copy_to remove done with rc=0, errno=0\n"
+                                    "T[E] kt_file::copy_to Rename failed with rc=-1, errno=2\n"
+                                    "L MSG0016 [E] The execution of the command to.txt returned rc -1, errno = 2\n",
+                                    "quit 6"));
     EXPECT_EQ(file.removef(), 0);
     EXPECT_EQ(lines.take(), call_of("kt_file::removef", "", "0"));
 
@@ -212,8 +204,7 @@ TEST(KtFile, MovesAndRemoves) {
     file.set_file_name("kept");
     EXPECT_EQ(file.removef(), 257);
     const std::string text = lines.take();
-    EXPECT_NE(text.find("\nT[E] kt_file::removef error removing file kept. rc = -1, errno = "),
-              std::string::npos);
+    EXPECT_NE(text.find("\nT[E] kt_file::removef error removing file kept. rc = -1, errno = "), std::string::npos);
     EXPECT_NE(text.find("\nL MSG0045 [W] An error has been encountered removing the file kept. Errno was "),
               std::string::npos);
     EXPECT_EQ(text.find("QUITTING"), std::string::npos);

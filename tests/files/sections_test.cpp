@@ -71,9 +71,8 @@ TEST(Sections, WalksForward) {
     EXPECT_EQ(text_of(key) + "|" + text_of(value), "empty|");
     lines.take();
     EXPECT_EQ(file.find_section("[topology]"), -1);
-    EXPECT_EQ(lines.take("Section"),
-              "T[I] kt_file::find_section Section not found reading kt_file while locating "
-              "<[topology]>\n");
+    EXPECT_EQ(lines.take("Section"), "T[I] kt_file::find_section Section not found reading kt_file while locating "
+                                     "<[topology]>\n");
     EXPECT_EQ(file.get_keyval(key, value), 0);
     EXPECT_EQ(text_of(key) + "|" + text_of(value), "empty|");
 
@@ -88,8 +87,7 @@ TEST(Sections, WalksForward) {
     EXPECT_EQ(file.seek_section("[last]", &count, 1), 0);
     EXPECT_EQ(count, 0);
     EXPECT_EQ(file.seek_section("[none]", &count, 1), 260);
-    EXPECT_EQ(lines.take("Error"),
-              "T[E] kt_file::seek_section Error reading kt_file while locating <[none]>\n");
+    EXPECT_EQ(lines.take("Error"), "T[E] kt_file::seek_section Error reading kt_file while locating <[none]>\n");
     EXPECT_EQ(file.close(), 0);
 }
 

@@ -63,24 +63,20 @@ TEST(Topology, LoadsTheSampleWithItsWholeTrace) {
     EXPECT_EQ(text_of(result.server), "HQ1_HQ1");
     const std::string north = native("HQ1_HQ1/NTH_NTH");
     const std::string south = native("NTH_NTH/STH_STH");
-    EXPECT_EQ(result.domains(),
-              "HQ1  [hq] 2 100\nNTH " + north + " [north] 0 134\nSTH " + south + " [south] 1 152\n");
-    const auto checkpoint = [&](const std::string & label, const char * hq, const char * nth,
-                                const char * sth) {
+    EXPECT_EQ(result.domains(), "HQ1  [hq] 2 100\nNTH " + north + " [north] 0 134\nSTH " + south + " [south] 1 152\n");
+    const auto checkpoint = [&](const std::string & label, const char * hq, const char * nth, const char * sth) {
         const std::string begin = "T[I] print_topv " + label + "-topv[";
         return begin + "0] = <HQ1,> trg_sect_info = <[hq]," + hq + ">\n" + begin + "1] = <NTH," + north +
                "> trg_sect_info = <[north]," + nth + ">\n" + begin + "2] = <STH," + south +
                "> trg_sect_info = <[south]," + sth + ">\n";
     };
-    const auto read = [](const std::string & line) {
-        return "T[I] kt_file::get_line read line " + line + "\n";
-    };
+    const auto read = [](const std::string & line) { return "T[I] kt_file::get_line read line " + line + "\n"; };
     EXPECT_EQ(result.lines,
               read("count = 3") + "T[I] kt_file::load_top count = <3>\n" + read("hq = any,HQ1") +
                   "T[I] kt_file::load_top Dep = <[hq] , HQ1 , > \n" + read("north = any,NTH,push,HQ1") +
-                  "T[I] kt_file::load_top Dep = <[north] , NTH , " + north + "> \n" +
-                  read("south = any,STH,push,NTH") + "T[I] kt_file::load_top Dep = <[south] , STH , " +
-                  south + "> \n" + checkpoint("load_top_after_loading", "0,0", "0,0", "0,0") +
+                  "T[I] kt_file::load_top Dep = <[north] , NTH , " + north + "> \n" + read("south = any,STH,push,NTH") +
+                  "T[I] kt_file::load_top Dep = <[south] , STH , " + south + "> \n" +
+                  checkpoint("load_top_after_loading", "0,0", "0,0", "0,0") +
                   "T[I] kt_file::load_top Valid dependency found: <1,HQ1> by <0,HQ1>\n"
                   "T[I] kt_file::load_top Valid dependency found: <2,NTH> by <1,NTH>\n" +
                   checkpoint("load_top_after_depcheck", "0,0", "0,0", "0,0") + read("") + read("[hq]") +
@@ -173,23 +169,20 @@ TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing) {
 
 TEST(Topology, TracesThePlaceInTheVectorAndTheNumberInTheFile) {
     loaded result;
-    load(result,
-         topology({"r = a,R", "b = a,B,push,X", "c = a,C,push,D", "d = a,D,push,D", "e = a,E,push,C"}), 1);
+    load(result, topology({"r = a,R", "b = a,B,push,X", "c = a,C,push,D", "d = a,D,push,D", "e = a,E,push,C"}), 1);
     std::string check = result.lines.substr(result.lines.find("T[E]"));
     check.erase(check.find("T[I] print_topv"));
-    EXPECT_EQ(check,
-              "T[E] kt_file::load_top Invalid domaind dependency found <1,B,X>\n"
-              "L MSG0107 [E]  Discovered domain number <1> with RGN <B> depends from unexisting domain <X>. "
-              "All domain targets will be ignored.\n"
-              "T[I] kt_file::load_top Valid dependency found: <1,D> by <2,D>\n"
-              "T[I] kt_file::load_top Valid dependency found: <2,D> by <2,D>\n"
-              "T[I] kt_file::load_top Valid dependency found: <3,C> by <1,C>\n");
+    EXPECT_EQ(check, "T[E] kt_file::load_top Invalid domaind dependency found <1,B,X>\n"
+                     "L MSG0107 [E]  Discovered domain number <1> with RGN <B> depends from unexisting domain <X>. "
+                     "All domain targets will be ignored.\n"
+                     "T[I] kt_file::load_top Valid dependency found: <1,D> by <2,D>\n"
+                     "T[I] kt_file::load_top Valid dependency found: <2,D> by <2,D>\n"
+                     "T[I] kt_file::load_top Valid dependency found: <3,C> by <1,C>\n");
 }
 
 TEST(Topology, RefusesWhatItCantRead) {
-    const std::string no_count =
-        "L MSG0112 [E]  Error parsing section <topology> of file <scan.txt>. A \"count = "
-        "<value>\" string was expected.\n";
+    const std::string no_count = "L MSG0112 [E]  Error parsing section <topology> of file <scan.txt>. A \"count = "
+                                 "<value>\" string was expected.\n";
     const auto missing = [](const std::string & head) {
         return "L MSG0113 [E]  Unable to locate section <" + head + "> in file <scan.txt>.\n";
     };
@@ -239,8 +232,7 @@ TEST(Topology, RefusesWhatItCantRead) {
 
 TEST(Topology, SortsByTheLengthOfThePathAlone) {
     loaded result;
-    load(result,
-         topology({"r = a,R", "a = a,AAAA,push,R", "b = a,B,push,AAAA", "c = a,C,push,R", "d = a,D,push,R"}));
+    load(result, topology({"r = a,R", "a = a,AAAA,push,R", "b = a,B,push,AAAA", "c = a,C,push,R", "d = a,D,push,R"}));
     EXPECT_EQ(names(result), "R C D AAAA B "); // equal ones as in the file
 }
 

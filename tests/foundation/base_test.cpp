@@ -110,8 +110,7 @@ TEST(Ustring, FindsAndCompares) {
         {"\xC3\x89", 1, "\xC3\xA9", 1, -1},
     };
     for (const auto & each : cases)
-        EXPECT_EQ(ustring(each.text).compare(0, each.n, each.other, 0, ustring::npos, each.flag),
-                  each.expected)
+        EXPECT_EQ(ustring(each.text).compare(0, each.n, each.other, 0, ustring::npos, each.flag), each.expected)
             << each.text;
     EXPECT_TRUE(ustring("SEND=x").begins_with("SEND="));
     EXPECT_FALSE(ustring("SEN").begins_with("SEND="));

@@ -1,5 +1,7 @@
 #include "support.h"
 
+#include <tuple>
+
 using namespace orvet;
 using namespace orvet_test;
 
@@ -14,57 +16,32 @@ constexpr char no_ktxwork[] = "MSGI0009 [F] The environment variable KTXWORK, co
                               "path, is not set or can not be "
                               "acccessed\n";
 
-TEST(Environment, GetFormsReadAtEachCall) {
-    const struct {
-        const char * value;
-        const char * result;
-        const char * printed;
-    } cases[] = {
-        {nullptr, "no", ""},
-        {"YeS", "yes", ""},
-        {"NO", "no", ""},
-        {"Maybe", "no",
-         "MSGI0003 [W] The environment variable ktxrmtf was set to the wrong value Maybe. The default value "
-         "no is "
-         "used.\n"},
-        {" yes", "no",
-         "MSGI0003 [W] The environment variable ktxrmtf was set to the wrong value  yes. The default value "
-         "no is "
-         "used.\n"},
+TEST(Environment, GetFormsReadAtEachCallAndPlainFormsOnce) {
+    const auto wrong = [](const std::string & value) {
+        return "MSGI0003 [W] The environment variable ktxrmtf was set to the wrong value " + value +
+               ". The default value no is used.\n";
     };
-    for (const auto & each : cases) {
-        set_variable("ktxrmtf", each.value);
-        EXPECT_EQ(printed_by([&] { EXPECT_STREQ(environment::get_remove_temp_files(), each.result); }),
-                  each.printed);
+    const std::tuple<const char *, const char *, std::string> cases[] = {{"YeS", "yes", ""},
+                                                                         {"NO", "no", ""},
+                                                                         {"Maybe", "no", wrong("Maybe")},
+                                                                         {" yes", "no", wrong(" yes")},
+                                                                         {nullptr, "no", ""}};
+    for (const auto & [value, result, printed] : cases) {
+        set_variable("ktxrmtf", value);
+        EXPECT_EQ(printed_by([&] { EXPECT_STREQ(environment::get_remove_temp_files(), result); }), printed);
     }
-    set_variable("ktxrmtf", nullptr);
-
-    set_variable("ktxlsize", "12k");
-    set_variable("ktxtsize", "many");
-    set_variable("ktxllev", "-1");
-    set_variable("ktxtlev", "99999999999999999999");
-    set_variable("ktxcfp", "PRE");
-    EXPECT_EQ(environment::get_log_size(), 12);
-    EXPECT_EQ(environment::get_trace_size(), 0);
-    EXPECT_EQ(environment::get_log_level(), -1);
-    EXPECT_EQ(environment::get_trace_level(), 2147483647);
-    EXPECT_STREQ(environment::get_cf_prefix(), "PRE");
-    for (const char * name : {"ktxlsize", "ktxtsize", "ktxllev", "ktxtlev", "ktxcfp"})
-        set_variable(name, nullptr);
-    EXPECT_EQ(environment::get_log_size(), 500000);
-    EXPECT_EQ(environment::get_trace_size(), 500000);
-    EXPECT_EQ(environment::get_log_level(), 0);
-    EXPECT_EQ(environment::get_trace_level(), 6);
-    EXPECT_STREQ(environment::get_cf_prefix(), "KTX");
-}
-
-TEST(Environment, PlainFormsReadOnce) {
-    EXPECT_EQ(text_of(environment::kt_bin_path().text()), native(test_directory().string() + "/bin"));
-    EXPECT_EQ(environment::trace_level(), 6);
-    set_variable("ktxtlev", "2");
-    EXPECT_EQ(environment::trace_level(), 6);
-    EXPECT_EQ(environment::get_trace_level(), 2);
-    set_variable("ktxtlev", nullptr);
+    const auto numbers = [] {
+        return std::to_string(environment::get_log_size()) + " " + std::to_string(environment::get_trace_size()) + " " +
+               std::to_string(environment::get_log_level()) + " " + std::to_string(environment::get_trace_level()) +
+               " " + environment::get_cf_prefix() + " " + std::to_string(environment::trace_level());
+    };
+    EXPECT_EQ(numbers(), "500000 500000 0 6 KTX 6");
+    const std::pair<const char *, const char *> settings[] = {
+        {"ktxlsize", "12k"}, {"ktxtsize", "many"}, {"ktxllev", "-1"}, {"ktxtlev", "99999999999"}, {"ktxcfp", "PRE"}};
+    for (const auto & [name, value] : settings) set_variable(name, value);
+    EXPECT_EQ(numbers(), "12 0 -1 2147483647 PRE 6");
+    for (const auto & [name, value] : settings) set_variable(name, nullptr);
+    EXPECT_EQ(text_of(environment::kt_bin_path().text()), test_directory().string() + native("/bin"));
 }
 
 void clear_paths() {
@@ -76,8 +53,7 @@ const scenario unset_paths("unset_paths", [] {
     environment::get_kt_inst_path();
     environment::get_kt_inst_path();
     for (int i = 0; i < 2; ++i)
-        if (environment::kt_inst_path().text().length() != 0 ||
-            environment::brod_inst_path().text().length() != 0)
+        if (environment::kt_inst_path().text().length() != 0 || environment::brod_inst_path().text().length() != 0)
             std::printf("not empty\n");
 });
 

@@ -1,6 +1,7 @@
-# Installs the library, takes the first tool out of the README, builds it against the installed package in both
-# ways, and runs it.
-#   cmake -D BUILD=... -D SOURCE=... -D WORK=... -D COMPILER=... [-D TOOLCHAIN=... -D EMULATOR=...] -P check.cmake
+# Installs the library, takes the first tool out of the README, builds it against what is installed in both ways,
+# and runs it. FROM tells how it is installed: "install", or the kind of package that is made and unpacked.
+#   cmake -D FROM=install|DEB|TGZ|ZIP -D BUILD=... -D SOURCE=... -D WORK=... -D COMPILER=...
+#     [-D TOOLCHAIN=... -D EMULATOR=...] -P check.cmake
 function(run)
   execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${WORK} RESULT_VARIABLE code OUTPUT_VARIABLE output
     ERROR_VARIABLE errors)
@@ -14,7 +15,21 @@ endfunction()
 file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK})
 set(prefix ${WORK}/prefix)
-run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
+if(FROM STREQUAL install)
+  run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
+else()
+  run(${CMAKE_CPACK_COMMAND} --config ${BUILD}/CPackConfig.cmake -G ${FROM} -B ${WORK}/packages)
+  file(GLOB packages ${WORK}/packages/*orvet*)
+  foreach(package IN LISTS packages)
+    if(FROM STREQUAL DEB)
+      run(dpkg-deb -x ${package} ${prefix})
+    elseif(NOT IS_DIRECTORY ${package})
+      file(ARCHIVE_EXTRACT INPUT ${package} DESTINATION ${prefix})
+    endif()
+  endforeach()
+  file(GLOB_RECURSE header ${prefix}/orvet.h)
+  get_filename_component(prefix ${header}/../../.. ABSOLUTE)
+endif()
 
 file(READ ${SOURCE}/README.md page)
 string(REGEX MATCH "```cpp\n([^`]*)```" found "${page}")
@@ -54,7 +69,7 @@ find_program(pkg_config NAMES pkg-config pkgconf)
 if(NOT pkg_config)
   message(FATAL_ERROR "pkg-config is missing")
 endif()
-file(GLOB_RECURSE pc ${prefix}/*/orvet.pc)
+file(GLOB_RECURSE pc ${prefix}/orvet.pc)
 get_filename_component(pc_dir ${pc} DIRECTORY)
 run(${CMAKE_COMMAND} -E env PKG_CONFIG_PATH=${pc_dir} ${pkg_config} --cflags --libs orvet)
 string(STRIP "${output}" flags)

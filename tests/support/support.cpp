@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -25,18 +24,19 @@ std::map<std::string, void (*)()> & scenarios() {
 
 std::string lines;
 
-class recorder : public orvet::trace_stream {
+/// Puts the lines of both channels into one text, each with the mark of its channel.
+class recorder : public orvet::capture_stream {
 public:
-    recorder(std::string mark, std::string begin) : mark_(std::move(mark)), begin_(std::move(begin)) {}
+    explicit recorder(const char * mark) : mark_(mark) {}
     int writeline(const char * line) override {
-        const char * const text = std::strstr(line, begin_.c_str());
-        lines += mark_ + (text ? text + std::strspn(text, " ") : line);
-        return static_cast<int>(std::strlen(line));
+        const int written = capture_stream::writeline(line);
+        const orvet::vector & all = capture_stream::lines();
+        orvet_test::lines += mark_ + text_of(static_cast<orvet::ustring &>(*all[all.size() - 1])) + "\n";
+        return written;
     }
 
 private:
     std::string mark_;
-    std::string begin_; // what stands behind the time stamp
 };
 
 } // namespace
@@ -48,9 +48,7 @@ const fs::path & test_directory() {
     return directory;
 }
 
-void write_file(const std::string & name, const std::string & bytes) {
-    std::ofstream(name, std::ios::binary) << bytes;
-}
+void write_file(const std::string & name, const std::string & bytes) { std::ofstream(name, std::ios::binary) << bytes; }
 
 std::string read_file(const std::string & name) {
     std::ifstream file(name, std::ios::binary);
@@ -66,16 +64,18 @@ std::string plain_line_ends(std::string text) {
 
 std::string read_text(const std::string & name) { return plain_line_ends(read_file(name)); }
 
+std::string scenario_command(const std::string & name) { return program + " --scenario " + name; }
+
 std::string run_scenario(const std::string & name) {
     const std::string output = "scenario." + name + ".out";
-    const int code = std::system((program + " --scenario " + name + " >" + output).c_str());
+    const int code = std::system((scenario_command(name) + " >" + output).c_str());
     return read_text(output) + (code == 0 ? "" : "(ended with " + std::to_string(code) + ")");
 }
 
 transcript::transcript(int trace_level, int log_level) {
     lines.clear();
-    orvet::trace::set_stream(orvet::system_trace::wa(), new recorder("T", " ["));
-    orvet::trace::set_stream(orvet::log::wa(), new recorder("L ", "  MSG"));
+    orvet::trace::set_stream(orvet::system_trace::wa(), new recorder("T"));
+    orvet::trace::set_stream(orvet::log::wa(), new recorder("L "));
     orvet::trace::set_level(orvet::system_trace::wa(), trace_level);
     orvet::trace::set_level(orvet::log::wa(), log_level);
 }
@@ -121,7 +121,7 @@ int main(int argc, char ** argv) {
     using namespace orvet_test;
     keep_crashes_quiet();
     program = fs::absolute(argv[0]).make_preferred().string();
-    if (argc == 3 && std::string(argv[1]) == "--scenario") {
+    if (argc >= 3 && std::string(argv[1]) == "--scenario") {
         scenarios().at(argv[2])();
         return 0;
     }
@@ -132,8 +132,7 @@ int main(int argc, char ** argv) {
     set_variable("KTXPATH", test_directory().string().c_str());
     set_variable("KTXWORK", test_directory().string().c_str());
     set_variable("brdcfg", (test_directory() / "brodan").string().c_str());
-    for (const char * name :
-         {"ktxcfp", "ktxrmtf", "ktxlsize", "ktxtsize", "ktxllev", "ktxtlev", "ostrel_trace_level"})
+    for (const char * name : {"ktxcfp", "ktxrmtf", "ktxlsize", "ktxtsize", "ktxllev", "ktxtlev", "ostrel_trace_level"})
         set_variable(name, nullptr);
     const int result = RUN_ALL_TESTS();
     fs::current_path(directory.parent_path());

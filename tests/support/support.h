@@ -24,6 +24,9 @@ std::string read_text(const std::string & name);
 /// standard output; a failed run shows in it.
 std::string run_scenario(const std::string & name);
 
+/// The command that runs the named scenario.
+std::string scenario_command(const std::string & name);
+
 /// Registers a scenario: a function that `run_scenario` runs.
 struct scenario {
     scenario(const char * name, void (*run)());

@@ -1,5 +1,6 @@
 #include "system.h"
 
+#include <cstdio>
 #include <cstdlib>
 
 #include <windows.h>
@@ -11,6 +12,18 @@ namespace orvet_test {
 void keep_crashes_quiet() { SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX); }
 
 unsigned long process_number() { return GetCurrentProcessId(); }
+
+void print_open_files() {
+    for (std::uintptr_t value = 4; value < 0x1000; value += 4) {
+        const auto handle = reinterpret_cast<HANDLE>(value);
+        wchar_t file[MAX_PATH] = L"";
+        if (GetFileType(handle) == FILE_TYPE_DISK &&
+            GetFinalPathNameByHandleW(handle, file, MAX_PATH, FILE_NAME_NORMALIZED) != 0)
+            std::printf("%s\n", std::filesystem::path(file).filename().string().c_str());
+    }
+}
+
+const char * const killed_command = nullptr;
 
 void set_variable(const char * name, const char * value) { _putenv_s(name, value ? value : ""); }
 

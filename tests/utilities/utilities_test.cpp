@@ -55,10 +55,24 @@ TEST(Heapdump, WalksTheHeapOrSaysThatThereIsNone) {
     std::free(block);
     const std::string dump = read_text("heap.txt");
     EXPECT_EQ(dump.find("  USED block at ") != std::string::npos, walked);
-    EXPECT_EQ(
-        dump.substr(dump.rfind('\n', dump.size() - 2) + 1).find(walked ? "MemUsed=(" : "OK - empty heap\n"),
-        0U);
+    EXPECT_EQ(dump.substr(dump.rfind('\n', dump.size() - 2) + 1).find(walked ? "MemUsed=(" : "OK - empty heap\n"), 0U);
     EXPECT_EQ(printed_by([] { heapdump("no/such/directory/heap.txt"); }).find(panic), 0U);
+}
+
+TEST(CaptureStream, KeepsLinesAndCountsThemBySeverity) {
+    auto * const said = new capture_stream;
+    trace::set_stream(orvet::log::wa(), said);
+    trace::set_level(orvet::log::wa(), 0);
+    log_message(messages::MSG0020, "[W] x");
+    log_message(messages::MSG0134, "x"); // its bracket is misprinted
+    log_message("a tool's own");
+    EXPECT_EQ(said->count(severity::fatal), 2U);
+    EXPECT_EQ(said->count(severity::warning), 0U);
+    EXPECT_EQ(said->lines().size(), 3U);
+    EXPECT_EQ(text_of(static_cast<const ustring &>(*said->lines()[0])), "MSG0020 [F] Error closing the file [W] x");
+    said->clear();
+    EXPECT_EQ(said->lines().size() + said->count(severity::fatal), 0U);
+    trace::set_stream(orvet::log::wa(), nullptr);
 }
 
 } // namespace

@@ -35,16 +35,14 @@ void * operator new(std::size_t size) { return std::malloc(size); }
 
 namespace {
 
-constexpr char sample[] =
-    "count = 3\nhq = any,HQ1\nnorth and some more = any,NORTHERN DOMAIN,push,HQ1\n"
-    "south = any,STH,push,NORTHERN DOMAIN\n[hq]\ncount = 0\n[north and some more]\ncount = 1\n"
-    "entry\n[south]\ncount = 0\n";
+constexpr char sample[] = "count = 3\nhq = any,HQ1\nnorth and some more = any,NORTHERN DOMAIN,push,HQ1\n"
+                          "south = any,STH,push,NORTHERN DOMAIN\n[hq]\ncount = 0\n[north and some more]\ncount = 1\n"
+                          "entry\n[south]\ncount = 0\n";
 
 TEST(Memory, ReadingLinesTakesNone) {
     std::string text;
     for (int i = 0; i < 20000; ++i)
-        text += i % 10 == 0 ? "caf\xC3\xA9 and twenty more characters\n"
-                            : "forty characters of text, all in ASCII..\n";
+        text += i % 10 == 0 ? "caf\xC3\xA9 and twenty more characters\n" : "forty characters of text, all in ASCII..\n";
     write_file("lines.txt", text);
     kt_file file(pathname("lines.txt"));
     EXPECT_EQ(file.open("r"), 0);
@@ -113,6 +111,12 @@ TEST(Memory, ShortageIsNeverASuccess) {
     pair texts("a key longer than what is kept inside", "value");
     with_each_shortage([&] { return std::unique_ptr<codable>(texts.clone()) != nullptr; });
 
+    initializer();
+    input_parms::ip_base_cmd() = "echo";
+    with_each_shortage([name = ustring("A.NAME.LONGER.THAN.WHAT.IS.KEPT.INSIDE")] {
+        return brod_base_ls(name).exec_brod_cmd(1, 1) == 0;
+    });
+
     const ustring line("some longer text, key = some longer value");
     write_file("line.txt", text_of(line) + "\n");
     with_each_shortage([&] {
@@ -125,6 +129,49 @@ TEST(Memory, ShortageIsNeverASuccess) {
         return done;
     });
     EXPECT_EQ(file.close(), 0);
+}
+
+TEST(Memory, InputFilesAreWholeOrRefused) {
+    const std::string name(70, 'n');
+    write_file("in.txt", "  USER=" + name + "\nauthorization profile=" + name + "\n[" + name + name);
+    with_each_shortage([&] {
+        file_input_parms input;
+        const bool done = input.get_fips("in.txt", 1, "USER=", 3) == 0;
+        EXPECT_EQ(input.arSections().size(), done ? 1U : 0U);
+        return done;
+    });
+    const ustring line(("server_name = mount_point=MOUNT_OPTIONS=" + name).c_str());
+    const ustring chain(("SERVER_NAME=MOUNT_POINT=MOUNT_OPTIONS=" + name).c_str());
+    for (const ustring & each : {line, chain})
+        with_each_shortage([&] {
+            VXA_inst_info agent;
+            const bool done = agent.set(each) == 0;
+            EXPECT_EQ(agent.fip("SERVER_NAME=") + agent.fip("MOUNT_POINT=") != 0, done);
+            EXPECT_EQ(agent.server_name().length() + agent.mount_options().length() != 0, done);
+            return done;
+        });
+    auth_profile_info profile;
+    with_each_shortage([&] {
+        profile.set_usSend(line);
+        const bool done = profile.fip("SEND=") != 0;
+        EXPECT_EQ(profile.usSend() == "NO", !done);
+        return done;
+    });
+    with_each_shortage([&] { return std::unique_ptr<codable>(profile.clone()) != nullptr; });
+}
+
+TEST(Memory, ASectionTakesItsRecordAlone) {
+    const auto needed = [](int sections) {
+        std::string text;
+        for (int i = 0; i < sections; ++i)
+            text += "USER=u" + std::to_string(i) + "\n  AUTHORIZATION PROFILE=p\n# forty characters of note\n";
+        write_file("in.txt", text);
+        file_input_parms input;
+        const long before = allocations;
+        EXPECT_EQ(input.get_fips("in.txt", 1, "USER=", 3), 0);
+        return allocations - before;
+    };
+    EXPECT_LE(needed(2000) - needed(1000), 1050); // the record, and the first call opens the channels
 }
 
 TEST(Memory, WithoutAResultTheObjectStaysAsItWas) {

@@ -34,6 +34,12 @@ int rename_file(const ustring & from, const ustring & to);
 /// True when anything of that name is there.
 bool exists(const ustring & path);
 
+/// The shell's command that prints a file.
+extern const char print_command[];
+/// Has the system's command shell run `line` as it stands, and waits for it. Gives its exit value, 128 + n
+/// where signal n ended it, and -1, with `errno`, when no shell could be started on it.
+int run_command(const ustring & line);
+
 /// The code of the last system error.
 unsigned long last_error();
 /// Writes the system's text for `code`, cut to `size` with its zero; false, and nothing written, for a code

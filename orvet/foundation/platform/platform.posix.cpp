@@ -2,12 +2,16 @@
 
 #include <cerrno>
 #include <cinttypes>
+#include <cstdlib>
 #include <cstring>
 
 #include <fcntl.h>
 #include <malloc.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include "orvet/foundation/base/memory.h"
 
 namespace orvet::platform {
 
@@ -15,12 +19,16 @@ const char16_t separator = u'/';
 
 namespace {
 
-/// The bytes of a path; null, with `errno` set, for a text that no file can be named.
-const char * native(const ustring & path)
+/// The bytes of a path or command; null, with `errno` set, for a text with a zero in it and when memory is
+/// short.
+const char * native(const ustring & text)
 {
-    if (path.find(u'\0') == ustring::npos)
-        return path.mbcs_str();
-    errno = EINVAL;
+    memory_watch watch;
+    const bool whole = text.find(u'\0') == ustring::npos;
+    const char * const bytes = whole ? text.mbcs_str() : nullptr;
+    if (whole && !watch.failed())
+        return bytes;
+    errno = whole ? ENOMEM : EINVAL;
     return nullptr;
 }
 
@@ -78,6 +86,17 @@ bool exists(const ustring & path)
 {
     const char * const name = native(path);
     return name && access(name, F_OK) == 0;
+}
+
+const char print_command[] = "cat";
+
+int run_command(const ustring & line)
+{
+    const char * const text = native(line);
+    const int status = text ? std::system(text) : -1;
+    if (status == -1)
+        return -1;
+    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 unsigned long last_error()

@@ -1,6 +1,7 @@
 #include "orvet/foundation/platform/platform.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <cwchar>
 
@@ -8,6 +9,7 @@
 #include <malloc.h>
 #include <windows.h>
 
+#include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/utf8.h"
 
 namespace orvet::platform {
@@ -19,7 +21,8 @@ namespace {
 static_assert(sizeof(wchar_t) == sizeof(char16_t));
 
 /// A text as this system takes it: in its 16-bit form, or as the bytes that it was read from when those were
-/// no UTF-8. `bytes` and `wide` are both null, with `errno` set, for a text that no file can be named.
+/// no UTF-8. `bytes` and `wide` are both null, with `errno` set, for a text with a zero in it and when memory
+/// is short.
 struct native_text {
     explicit native_text(const ustring & text)
     {
@@ -28,7 +31,7 @@ struct native_text {
         else if (is_whole(text))
             wide = reinterpret_cast<const wchar_t *>(text.data());
         else
-            bytes = text.mbcs_str();
+            take_bytes(text);
     }
 
     static bool is_whole(const ustring & text)
@@ -40,6 +43,16 @@ struct native_text {
             i += utf8::is_high(units[i]);
         }
         return true;
+    }
+
+    void take_bytes(const ustring & text)
+    {
+        memory_watch watch;
+        bytes = text.mbcs_str();
+        if (watch.failed()) {
+            bytes = nullptr;
+            errno = ENOMEM;
+        }
     }
 
     const wchar_t * wide = nullptr;
@@ -106,6 +119,14 @@ bool exists(const ustring & path)
 {
     const native_text name(path);
     return name.wide ? _waccess(name.wide, 0) == 0 : name.bytes && _access(name.bytes, 0) == 0;
+}
+
+const char print_command[] = "type";
+
+int run_command(const ustring & line)
+{
+    const native_text text(line);
+    return text.wide ? _wsystem(text.wide) : text.bytes ? std::system(text.bytes) : -1;
 }
 
 unsigned long last_error()

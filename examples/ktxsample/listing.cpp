@@ -1,0 +1,59 @@
+#include "ktxsample.h"
+
+#include <cstdio>
+
+namespace {
+
+/// Runs the command and shows what it answers; false when there is no answer. Leaves the file closed.
+bool show_answer(orvet::brod_base & brod)
+{
+    const int rc = brod.exec_brod_cmd(1, 1);
+    if (rc != 0 || brod.out_file().open("r") != 0) {
+        std::printf("  no answer to \"%s\": exit value %d\n", brod.brod_cmd().mbcs_str(), rc);
+        return false;
+    }
+    for (orvet::ustring line; brod.out_file().get_line(line);)
+        std::printf("  %s\n", line.mbcs_str());
+    brod.out_file().close();
+    return true;
+}
+
+/// Gives the answer its final name; the temporary file is gone then.
+bool keep_answer(orvet::brod_base & brod)
+{
+    std::printf("kept as %s\n", brod.final_output_file().mbcs_str());
+    return brod.out_file().copy_to(brod.final_output_file()) == 0;
+}
+
+bool list_targets()
+{
+    std::printf("Targets:\n");
+    orvet::brod_base targets(orvet::sset_out_file("lstgtmp.out"), orvet::sset_out_file("targets.out"));
+    targets.set_brod_cmd("brod lstg -l", 0);
+    return show_answer(targets) && keep_answer(targets);
+}
+
+bool find_object(const orvet::ustring & name)
+{
+    std::printf("Object %s:\n", name.mbcs_str());
+    orvet::brod_base_ls object(name);
+    if (!show_answer(object))
+        return false;
+    object.set_local_name();
+    object.out_file().close();
+    if (object.get_local_name().text().length() == 0) {
+        std::printf("has no local name\n");
+        return false;
+    }
+    std::printf("lies in %s\n", object.get_local_name().mbcs_str());
+    return keep_answer(object);
+}
+
+} // namespace
+
+int ask_brodan(const orvet::input_parms & ip)
+{
+    const bool listed = list_targets();
+    const bool found = !ip.ip("-obj") || find_object(ip.ip_obj_file_name().text());
+    return listed && found ? 0 : 1;
+}

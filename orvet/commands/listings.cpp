@@ -1,0 +1,67 @@
+#include "orvet/commands/listings.h"
+
+#include "orvet/cmdline/input_parms.h"
+#include "orvet/commands/lent_path_internal.h"
+#include "orvet/commands/resolve_tokens.h"
+#include "orvet/files/sections.h"
+#include "orvet/foundation/base/memory.h"
+#include "orvet/foundation/call_trace.h"
+
+namespace orvet {
+
+namespace {
+
+const char * final_name()
+{
+    return input_parms::ip_file_name().mbcs_str();
+}
+
+} // namespace
+
+brod_base_ls::brod_base_ls(const ustring & global_name)
+    : brod_base(lent_path("cattmp.out"), lent_path(final_name())), global_name_(global_name)
+{
+    const call_trace trace("brod_base_ls::brod_base_ls");
+    memory_watch watch;
+    set_brod_cmd(ustring("brod ls ").append(global_name), 0);
+    if (watch.failed() || output_file().text().length() == 0)
+        give_up();
+    trace.leave();
+}
+
+brod_base_ls::~brod_base_ls() = default;
+
+void brod_base_ls::set_local_name()
+{
+    const call_trace trace("brod_base::set_local_name");
+    if (out_file().open("r") != 0)
+        return trace.quit();
+    const ustring key("Local name:");
+    for (keyval line; out_file().get_line(line);) {
+        if (line.getval(key) != 0)
+            continue;
+        local_name_ = line;
+        trace.info("read local name <%s>", local_name_);
+        if (line.length() == 0) {
+            trace.error("Local name for object <%s> not found.", global_name_);
+            return trace.quit();
+        }
+        resolve_tokens(line);
+        local_name_ = line;
+    }
+}
+
+brod_base_lscm::brod_base_lscm(const ustring & target_name, const ustring & gname)
+    : brod_base(lent_path("hsttmp.out"), lent_path(final_name()))
+{
+    const call_trace trace("brod_base_lscm::brod_base_lscm(target_name, gname)");
+    memory_watch watch;
+    set_brod_cmd(ustring("brod lscm ").append(gname).append(" -w ").append(target_name), 0);
+    if (watch.failed() || output_file().text().length() == 0)
+        give_up();
+    trace.leave();
+}
+
+brod_base_lscm::~brod_base_lscm() = default;
+
+} // namespace orvet

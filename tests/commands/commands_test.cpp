@@ -1,0 +1,220 @@
+#include "support.h"
+
+#include <cctype>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+
+#include "system.h"
+
+using namespace orvet;
+using namespace orvet_test;
+
+namespace {
+
+namespace fs = std::filesystem;
+using text_pair = std::pair<std::string, std::string>;
+
+const scenario speak("speak", [] {
+    std::printf("out\n");
+    std::fprintf(stderr, "err\n");
+    std::exit(3);
+});
+const scenario open_files("open_files", print_open_files);
+
+/// The text as it is on every system: with slashes, with names for what differs, without the files' own
+/// lines.
+std::string shown(std::string text) {
+    for (const auto & [from, to] : {text_pair(scenario_command("speak"), "SPEAK"), text_pair("\\", "/"),
+                                    text_pair((test_directory() / "brodan").generic_string(), "BRODAN"),
+                                    text_pair("<cat ", "<PRINT "), text_pair("<type ", "<PRINT ")})
+        for (std::size_t at; (at = text.find(from)) != std::string::npos;) text.replace(at, from.size(), to);
+    for (std::size_t at; (at = text.find("] kt_file")) != std::string::npos;)
+        text.erase(text.rfind("T[", at), text.find('\n', at) + 1 - text.rfind("T[", at));
+    for (std::size_t at = 0; (at = text.find("errno", at)) != std::string::npos; ++at)
+        for (std::size_t digit = at + 6; digit < text.size() && !std::strchr(".\n", text[digit]); ++digit)
+            text[digit] = std::isdigit(static_cast<unsigned char>(text[digit])) ? 'N' : text[digit];
+    return text;
+}
+
+std::string in_migr(const char * name) { return read_text(std::string("brodan/migr/") + name); }
+
+/// A command on "cmd.out", set whole.
+struct test_command : brod_base {
+    explicit test_command(const ustring & text)
+        : brod_base(sset_out_file("cmd.out"), sset_out_file("x.tmp")) {
+        set_brod_cmd(text, 1);
+    }
+};
+
+TEST(Command, TellsWhatItDoes) {
+    input_parms ip;
+    ip.set_ip_base_cmd(scenario_command("speak").c_str());
+    transcript lines;
+    brod_base_lscm brod("TARGET", "APPS.A");
+    ip.set_ip_base_cmd("");
+    EXPECT_EQ(brod.exec_brod_cmd(1, 1), 3);
+    EXPECT_EQ(shown(lines.take()), R"(T[C] sset_out_file >>>> ENTRY>>>>>
+T[C] sset_out_file >>>> ENTRY>>>>>
+T[C] brod_base_lscm::brod_base_lscm(target_name, gname) >>>> ENTRY>>>>>
+T[C] brod_base::set_brod_cmd >>>> ENTRY>>>>>
+T[I] brod_base::set_brod_cmd Command before conversion is <SPEAK brod lscm APPS.A -w TARGET>
+T[C] brod_base::os_brod_cmd >>>> ENTRY>>>>>
+T[I] brod_base::set_brod_cmd Command after conversion is <SPEAK brod lscm APPS.A -w TARGET>
+T[C] brod_base::set_brod_cmd <<<<<<<<<< EXIT
+T[C] brod_base_lscm::brod_base_lscm(target_name, gname) <<<<<<<<<< EXIT
+T[C] brod_base::exec_brod_cmd >>>> ENTRY>>>>>
+T[C] sset_out_file >>>> ENTRY>>>>>
+T[I] brod_base::exec_brod_cmd Submit the command -->SPEAK brod lscm APPS.A -w TARGET>BRODAN/migr/hsttmp.out 2>>BRODAN/migr/broderr.out<--
+L MSG0015 [I] Submitting the command SPEAK brod lscm APPS.A -w TARGET>BRODAN/migr/hsttmp.out 2>>BRODAN/migr/broderr.out to Palisor 3.1.x.
+T[E] brod_base::exec_brod_cmd The return code was 3 errno was N
+L MSG0016 [E] The execution of the command SPEAK brod lscm APPS.A -w TARGET>BRODAN/migr/hsttmp.out 2>>BRODAN/migr/broderr.out returned rc 3, errno = N
+T[C] brod_base::exec_brod_cmd <><><><><> QUITTING
+T[C] brod_base::exec_brod_cmd return data = 3
+T[C] brod_base::exec_brod_cmd <<<<<<<<<< EXIT
+)");
+    trace::set_level(system_trace::wa(), 1);
+    brod.set_output_file("caf\xC3\xA9.out");
+    brod.set_final_output_file("other.x");
+    for (const char * name : {"a.d/final.x", "final", ".hidden.x"}) {
+        brod.final_out_file().set_file_name(name);
+        brod.build_final_out_file("new");
+    }
+    EXPECT_EQ(shown(lines.take()),
+              R"(T[I] brod_base::set_output_file The path for brod commands output is BRODAN/migr/café.out
+T[I] brod_base::set_final_output_file The final path for brod commands output is BRODAN/migr/other.x
+T[I] brod_base::build_final_out_file usFile  is <a.new>
+T[I] brod_base::build_final_out_file The final path for brod commands output is a.new
+T[I] brod_base::build_final_out_file usFile  is <new>
+T[I] brod_base::build_final_out_file The final path for brod commands output is new
+T[I] brod_base::build_final_out_file The final path for brod commands output is .hidden.x
+)");
+    brod.set_brod_cmd("exit 0", 0);
+    EXPECT_EQ(brod.exec_brod_cmd(1, 0), 0);
+    EXPECT_TRUE(fs::exists(fs::u8path("brodan/migr/caf\xC3\xA9.out")));
+    EXPECT_EQ(shown(text_of(brod.out_file().file_name().text())), "BRODAN/migr/hsttmp.out");
+}
+
+TEST(Command, GivesExitValueAndStreams) {
+    struct row {
+        std::string command;
+        int result; // -2: not 0
+        const char * out = "";
+        const char * err = "";
+    };
+    for (const auto & [command, result, out, err] :
+         {row{"exit 0", 0}, row{std::string(3000, ' ') + scenario_command("speak"), 3, "out\n", "err\n"},
+          row{"no_such_command_here", -2, "", nullptr},
+          row{killed_command ? killed_command : "exit 137", 137},
+          row{std::string("exit 0\0 or not", 13), -1}}) {
+        write_file("brodan/migr/cmd.out", "");
+        write_file("brodan/migr/broderr.out", "");
+        test_command brod(from_bytes(command));
+        for (std::string errors; const int run : {1, 2}) {
+            const int given = brod.exec_brod_cmd(1, 1);
+            EXPECT_TRUE(result == -2 ? given != 0 : given == result) << command << given;
+            EXPECT_EQ(in_migr("cmd.out"), out) << command << run;
+            EXPECT_TRUE(!err || in_migr("broderr.out") == errors + err) << command << run;
+            errors = in_migr("broderr.out");
+        }
+        EXPECT_EQ(printed_by([&] { brod.exec_brod_cmd(0, 1); }), out);
+    }
+}
+
+TEST(Command, FailsWithoutAPlaceForItsOutput) {
+    test_command brod("exit 0");
+    fs::remove("brodan/migr/cmd.out");
+    fs::rename("brodan/migr", "brodan/aside");
+    brod.exec_brod_cmd(1, 0); // what it gives is the shell's affair
+    fs::rename("brodan/aside", "brodan/migr");
+    EXPECT_EQ(brod.out_file().open("r"), code::open_failed);
+    fs::permissions("brodan/migr", fs::perms::owner_read | fs::perms::owner_exec);
+    const bool writable = static_cast<bool>(std::ofstream("brodan/migr/other.out")); // to a superuser all is
+    brod.exec_brod_cmd(1, 0);
+    EXPECT_EQ(brod.out_file().open("r") == 0, writable);
+    brod.out_file().close();
+    fs::permissions("brodan/migr", fs::perms::owner_all);
+}
+
+const scenario clean("clean", [] {
+    set_variable("ktxrmtf", "YES");
+    input_parms ip;
+    setloglevel(ip);
+    std::FILE * const seen = std::fopen("inherited.txt", "w");
+    test_command brod(scenario_command("open_files").c_str());
+    brod.out_file().open("w");
+    brod.exec_brod_cmd(0, 0);
+    std::fclose(seen);
+});
+
+TEST(Command, LeavesNoOpenFileToChildrenAndNoFileBehindIfAsked) {
+    test_command("exit 0").exec_brod_cmd(1, 0);
+    EXPECT_EQ(in_migr("cmd.out"), "");
+    const std::string inherited = run_scenario("clean");
+    EXPECT_NE(inherited.find("inherited.txt"), std::string::npos) << inherited;
+    for (const char * own : {"cmd.out", "ktx1.trc", "ktx1.log"})
+        EXPECT_EQ(inherited.find(own), std::string::npos) << inherited;
+    EXPECT_EQ(in_migr("cmd.out"), "(no file)");
+}
+
+TEST(DummyMode, AnswersFromCannedFiles) {
+    for (const auto & [command, file] :
+         {text_pair("BROD lstg -l>x 2>>y", "x_lstgl"), text_pair("brod lstg \\* -l -b", "x_lstglb"),
+          text_pair("cat /usr/lpp/brodan/db/routetab ", "x_lsroute"),
+          text_pair("cat /usr/lpp/brodan/db/snadscon/  NODE A>x", "xc_NODE A"),
+          text_pair("brod lstg \\* -l -j  GRP 2>>y", "xd_GRP 2"),
+          text_pair("brod lstg \\* -l -j", "x_invalid"),
+          text_pair("cat /usr/lpp/brodan/db/brod.cfg>x", "x_cfg"), text_pair(" brod lstg -l", "x_invalid")})
+        EXPECT_EQ(text_of(brod_base::canned_file(command.c_str())), file) << command;
+
+    fs::create_directory("canned");
+    write_file("canned/x_lstgl", "targets\n");
+    for (const auto & [command, file] :
+         {text_pair("Dummy  canned brod lstg -l" + std::string(2000, 'x'), "canned/x_lstgl"),
+          text_pair("dummy brod lstg -l", "brod/x_invalid"), text_pair("dummy nothing", "x_invalid")}) {
+        test_command brod(command.c_str());
+        const bool found = file == "canned/x_lstgl";
+        EXPECT_EQ(shown(printed_by([&] { EXPECT_EQ(brod.exec_brod_cmd(0, 0) == 0, found); })),
+                  "Dummy call: <" + command + "> becomes <PRINT " + file + " > BRODAN/migr/cmd.out> \n");
+        EXPECT_EQ(in_migr("cmd.out"), found ? "targets\n" : "");
+    }
+    EXPECT_EQ(printed_by([&] { test_command(" dummy canned brod lstg -l").exec_brod_cmd(1, 1); }), "");
+}
+
+TEST(Listings, ReadTheLocalName) {
+    transcript lines;
+    brod_base_ls brod("APPS.A");
+    EXPECT_EQ(text_of(brod.brod_cmd()), " brod ls APPS.A");
+    for (const auto & [listing, name] :
+         {text_pair("Global name: A\r\nLOCAL NAME:   plain $(repository)\r\n", "plain $(repository)"),
+          text_pair(std::string("zero\0Local name: no\n Local name: no\n", 36), "plain $(repository)"),
+          text_pair("Local name: $(REPOSITORY)/a/b", "BRODAN/repos/a/b"),
+          text_pair("Local name: $(REPOSITORY)a$(REPOSITORY)", "BRODAN/reposa$(REPOSITORY)"),
+          text_pair("Local name: $(FILEPATH)", "BRODAN"),
+          text_pair("Local name: $(FILEPATH)/$(REPOSITORY)a", "BRODAN/reposa"),
+          text_pair("Local name:first\nLocal name: in front $(FILEPATH)//a", "BRODAN/a"),
+          text_pair("Local name:$(FILEPATH)x\nLocal name: \nLocal name:y\n", "")}) {
+        write_file("brodan/migr/cattmp.out", listing);
+        lines.take();
+        brod.set_local_name();
+        EXPECT_EQ(shown(text_of(brod.get_local_name().text())), name) << listing;
+    }
+    brod.out_file().close();
+    fs::remove("brodan/migr/cattmp.out");
+    brod.set_local_name();
+    EXPECT_EQ(shown(lines.take()), R"(T[C] brod_base::set_local_name >>>> ENTRY>>>>>
+T[I] brod_base::set_local_name read local name <$(FILEPATH)x>
+T[C] resolve_tokens >>>> ENTRY>>>>>
+T[I] resolve_tokens resolve tokens in <$(FILEPATH)x>
+T[I] resolve_tokens return <BRODAN/x>
+T[C] resolve_tokens <<<<<<<<<< EXIT
+T[I] brod_base::set_local_name read local name <>
+T[E] brod_base::set_local_name Local name for object <APPS.A> not found.
+T[C] brod_base::set_local_name <><><><><> QUITTING
+T[C] brod_base::set_local_name >>>> ENTRY>>>>>
+L MSG0017 [F] Error opening the file BRODAN/migr/cattmp.out, errno =	N.
+T[C] brod_base::set_local_name <><><><><> QUITTING
+)");
+}
+
+} // namespace
