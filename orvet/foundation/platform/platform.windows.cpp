@@ -98,6 +98,11 @@ std::FILE * open_stream(const ustring & path, const char * mode)
     return _wfopen(name.wide, wide_mode);
 }
 
+int close_stream(std::FILE * stream)
+{
+    return std::fclose(stream);
+}
+
 int remove_file(const ustring & path)
 {
     const native_text name(path);
