@@ -1,7 +1,6 @@
 #include "orvet/cmdline/input_parms.h"
 
 #include <cctype>
-#include <cstring>
 
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/name_list.h"
@@ -131,7 +130,7 @@ constexpr option_row rows[option_count] = {
 int option_of(const char * word)
 {
     int i = 0;
-    while (ip_names[i] && std::strncmp(word, ip_names[i], std::strlen(ip_names[i])) != 0)
+    while (ip_names[i] && !begins_with(word, ip_names[i]))
         ++i;
     return i;
 }

@@ -58,7 +58,7 @@ bool kt_file::close_stream()
     const bool flushed = std::fflush(file_handle_) == 0;
     if (!flushed || std::exchange(lost_, false))
         return false;
-    given_up_ = std::fclose(file_handle_) != 0;
+    given_up_ = platform::close_stream(file_handle_) != 0;
     if (!given_up_)
         file_handle_ = nullptr;
     return !given_up_;
@@ -70,7 +70,7 @@ short kt_file::open(const char * mode)
     trace.warning("opening %s file with mode %s", file_path_, mode);
     if (file_handle_) {
         if (!given_up_)
-            std::fclose(file_handle_);
+            platform::close_stream(file_handle_);
         given_up_ = false;
         size_ = 0;
     }

@@ -1,6 +1,7 @@
 #include "orvet/foundation/format.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <limits>
@@ -71,6 +72,10 @@ void put_value(writer & out, const conversion & as, const argument & value)
         return out.put(value.text(), std::strlen(value.text()));
 
     char text[sizeof buffer];
+    if (flags == 1 && (as.kind == 'd' || as.kind == 'i')) {
+        const char * const end = std::to_chars(text, text + sizeof text, fitted(as, value.number())).ptr;
+        return out.put(text, static_cast<std::size_t>(end - text));
+    }
     std::snprintf(spec, sizeof spec, "%.*s%s%c", flags, as.begin,
                   value.is_text() || as.kind == 'c' ? "" : "ll", as.kind);
     const int length = value.is_text() ? std::snprintf(text, sizeof text, spec, value.text())

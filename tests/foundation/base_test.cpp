@@ -26,6 +26,21 @@ TEST(Ustring, AnyBytesComeBackAsTheyWere) {
         EXPECT_EQ(text_of(text), sample);
         EXPECT_EQ(text_of(ustring(text).append("!").remove(text.length())), sample);
     }
+}
+
+TEST(Ustring, WidensWhereverACharacterStands) {
+    for (unsigned length = 0; length <= 50; ++length)
+        for (unsigned at = 0; at <= length; ++at) {
+            std::string bytes("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ", length);
+            std::u16string units(bytes.begin(), bytes.end());
+            bytes.insert(at, "\xC3\xA9");
+            units.insert(at, u"\u00E9");
+            const ustring text(bytes.c_str());
+            EXPECT_EQ(std::u16string(text.data(), text.length()), units) << length << ", " << at;
+        }
+}
+
+TEST(Ustring, HoldsUtf16) {
     const ustring text("a\xC3\xA9\xF0\x9F\x99\x82\xE9");
     EXPECT_EQ(std::u16string(text.data(), text.length()), u"a\u00E9\xD83D\xDE42\xDCE9");
     EXPECT_EQ(text.data()[text.length()], u'\0');

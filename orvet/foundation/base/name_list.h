@@ -1,17 +1,23 @@
 #ifndef ORVET_FOUNDATION_BASE_NAME_LIST_H
 #define ORVET_FOUNDATION_BASE_NAME_LIST_H
 
-#include <string_view>
-
 namespace orvet {
 
 // Lists of names, such as the options and the keywords, are arrays closed by a null entry.
+
+/// Whether `text` begins with `name`. Most names differ early: a call would cost more than the comparison.
+constexpr bool begins_with(const char * text, const char * name)
+{
+    while (*name && *text == *name)
+        ++text, ++name;
+    return !*name;
+}
 
 /// The position of `name` in the list, case respected; that of the null entry when it is not there.
 constexpr int index_in(const char * const * list, const char * name)
 {
     int i = 0;
-    while (list[i] && !(name && std::string_view(list[i]) == name))
+    while (list[i] && !(name && begins_with(name, list[i]) && begins_with(list[i], name)))
         ++i;
     return i;
 }

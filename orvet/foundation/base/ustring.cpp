@@ -343,7 +343,9 @@ bool ustring::equals(const ustring & other) const noexcept
 int ustring::getline(std::FILE * stream)
 {
     // A line that lies whole in the stream's buffer is decoded where it lies. One that crosses into the next
-    // filling is first put together in the buffer of the multi-byte form.
+    // filling is first put together: here while it is short, else in the buffer of the multi-byte form.
+    char short_line[512];
+    char * room = short_line;
     std::size_t gathered = 0;
     for (;;) {
         const platform::read_ahead ahead = platform::look_ahead(stream);
@@ -357,13 +359,18 @@ int ustring::getline(std::FILE * stream)
         const char * line = ahead.begin;
         std::size_t count = piece;
         if (gathered != 0 || !feed) {
-            bytes_length_ = stale;
-            if (!reserve_bytes(gathered + piece + 1, gathered))
-                return 0;
+            if (gathered + piece > sizeof short_line) {
+                bytes_length_ = stale;
+                if (!reserve_bytes(gathered + piece + 1, room == bytes_ ? gathered : 0))
+                    return 0;
+                if (room == short_line)
+                    std::memcpy(bytes_, short_line, gathered);
+                room = bytes_;
+            }
             if (piece != 0)
-                std::memcpy(bytes_ + gathered, ahead.begin, piece);
+                std::memcpy(room + gathered, ahead.begin, piece);
             gathered += piece;
-            line = bytes_;
+            line = room;
             count = gathered;
         }
         if (feed || left == 0) {

@@ -25,8 +25,11 @@ read_ahead look_ahead(std::FILE * stream);
 void advance(std::FILE * stream, std::size_t bytes);
 
 /// Opens a file as `fopen` does, but refuses directories, and no command that the process runs inherits the
-/// stream. A stream for reading alone, with neither "b" nor "t" in its mode, reads bytes.
+/// stream. A stream for reading alone, with neither "b" nor "t" in its mode, reads bytes. One that reads may
+/// have a large buffer, which lasts as long as the stream: `close_stream` releases both.
 std::FILE * open_stream(const ustring & path, const char * mode);
+/// Closes a stream of `open_stream`, as `fclose` does.
+int close_stream(std::FILE * stream);
 /// Removes a file, never a directory. 0 for success.
 int remove_file(const ustring & path);
 /// 0 for success. Whether an existing `to` is replaced is the system's affair.

@@ -32,6 +32,9 @@ const char * native(const ustring & text)
     return nullptr;
 }
 
+constexpr std::size_t buffer_size = 65536;
+constexpr int foreign_buffer = 1; // the flag of a stream whose buffer the runtime does not release
+
 } // namespace
 
 read_ahead look_ahead(std::FILE * stream)
@@ -68,7 +71,21 @@ std::FILE * open_stream(const ustring & path, const char * mode)
         errno = EISDIR;
         return nullptr;
     }
+    // A stream does without where there is no memory for it.
+    char * const buffer = stream && *mode == 'r' ? static_cast<char *>(std::malloc(buffer_size)) : nullptr;
+    if (buffer && std::setvbuf(stream, buffer, _IOFBF, buffer_size) != 0)
+        std::free(buffer);
     return stream;
+}
+
+int close_stream(std::FILE * stream)
+{
+    char * const buffer = stream->_flags & foreign_buffer ? stream->_IO_buf_base : nullptr;
+    const int result = std::fclose(stream);
+    const int error = errno;
+    std::free(buffer);
+    errno = error;
+    return result;
 }
 
 int remove_file(const ustring & path)

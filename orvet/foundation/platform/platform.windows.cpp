@@ -106,6 +106,11 @@ std::FILE * open_stream(const ustring & path, const char * mode)
     return name.wide ? _wfopen(name.wide, native_mode) : nullptr;
 }
 
+int close_stream(std::FILE * stream)
+{
+    return std::fclose(stream);
+}
+
 int remove_file(const ustring & path)
 {
     const native_text name(path);
