@@ -6,7 +6,6 @@
 #include <memory>
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <unicode/unistr.h>
@@ -36,14 +35,24 @@ std::string lines_file(const benchmark::State & state)
     });
 }
 
+/// The most memory that this program has held. What `getrusage` tells begins with that of the program's
+/// parent.
+double peak_kb()
+{
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line))
+        if (line.starts_with("VmHWM:"))
+            return std::stod(line.substr(6));
+    return 0;
+}
+
 void check(benchmark::State & state, long lines)
 {
     if (lines != state.range(0))
         state.SkipWithError("lines were lost");
     state.SetBytesProcessed(state.iterations() * state.range(0) * state.range(1));
-    rusage usage;
-    getrusage(RUSAGE_SELF, &usage);
-    state.counters["peak_kb"] = static_cast<double>(usage.ru_maxrss);
+    state.counters["peak_kb"] = peak_kb();
 }
 
 void lines_orvet(benchmark::State & state)

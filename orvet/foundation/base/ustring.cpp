@@ -340,48 +340,54 @@ bool ustring::equals(const ustring & other) const noexcept
     return length_ == other.length_ && std::memcmp(units_, other.units_, length_ * sizeof(char16_t)) == 0;
 }
 
+/// The text of the line in front of `feed`; not 0 when there was memory for it.
+int ustring::take_line(const char * begin, const char * feed)
+{
+    const bool carriage_return = feed != begin && feed[-1] == '\r';
+    return decode(begin, static_cast<std::size_t>(feed - begin) - carriage_return) ? 1 : 0;
+}
+
 int ustring::getline(std::FILE * stream)
 {
-    // A line that lies whole in the stream's buffer is decoded where it lies. One that crosses into the next
-    // filling is first put together: here while it is short, else in the buffer of the multi-byte form.
+    // A line that lies whole in the stream's buffer is decoded where it lies.
+    const platform::read_ahead ahead = platform::look_ahead(stream);
+    const auto left = static_cast<std::size_t>(ahead.end - ahead.begin);
+    const auto * const feed =
+        static_cast<const char *>(left != 0 ? std::memchr(ahead.begin, '\n', left) : nullptr);
+    if (!feed)
+        return gather_line(stream);
+    const int read = take_line(ahead.begin, feed);
+    platform::advance(stream, static_cast<std::size_t>(feed - ahead.begin) + 1);
+    return read;
+}
+
+/// Reads a line that crosses into the next filling of the stream's buffer. It is first put together: here
+/// while it is short, else in the buffer of the multi-byte form.
+int ustring::gather_line(std::FILE * stream)
+{
     char short_line[512];
     char * room = short_line;
     std::size_t gathered = 0;
     for (;;) {
         const platform::read_ahead ahead = platform::look_ahead(stream);
         const auto left = static_cast<std::size_t>(ahead.end - ahead.begin);
-        if (left == 0 && gathered == 0)
-            return 0;
-        const auto * feed =
-            static_cast<const char *>(left != 0 ? std::memchr(ahead.begin, '\n', left) : nullptr);
+        if (left == 0)
+            return gathered != 0 && decode(room, gathered) ? 1 : 0;
+        const auto * const feed = static_cast<const char *>(std::memchr(ahead.begin, '\n', left));
         const std::size_t piece = feed ? static_cast<std::size_t>(feed - ahead.begin) : left;
-
-        const char * line = ahead.begin;
-        std::size_t count = piece;
-        if (gathered != 0 || !feed) {
-            if (gathered + piece > sizeof short_line) {
-                bytes_length_ = stale;
-                if (!reserve_bytes(gathered + piece + 1, room == bytes_ ? gathered : 0))
-                    return 0;
-                if (room == short_line)
-                    std::memcpy(bytes_, short_line, gathered);
-                room = bytes_;
-            }
-            if (piece != 0)
-                std::memcpy(room + gathered, ahead.begin, piece);
-            gathered += piece;
-            line = room;
-            count = gathered;
+        if (gathered + piece > sizeof short_line) {
+            bytes_length_ = stale;
+            if (!reserve_bytes(gathered + piece + 1, room == bytes_ ? gathered : 0))
+                return 0;
+            if (room == short_line)
+                std::memcpy(bytes_, short_line, gathered);
+            room = bytes_;
         }
-        if (feed || left == 0) {
-            if (feed && count != 0 && line[count - 1] == '\r')
-                --count;
-            const bool decoded = decode(line, count);
-            if (feed)
-                platform::advance(stream, piece + 1);
-            return decoded ? 1 : 0;
-        }
-        platform::advance(stream, piece);
+        std::memcpy(room + gathered, ahead.begin, piece);
+        gathered += piece;
+        platform::advance(stream, piece + (feed ? 1 : 0));
+        if (feed)
+            return take_line(room, room + gathered);
     }
 }
 

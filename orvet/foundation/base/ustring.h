@@ -126,6 +126,8 @@ private:
     bool reserve_bytes(std::size_t bytes, std::size_t keep) const;
     void set_length(unsigned units) noexcept;
     bool decode(const char * bytes, std::size_t count);
+    int take_line(const char * begin, const char * feed);
+    int gather_line(std::FILE * stream);
     ustring & splice(unsigned pos, unsigned removed, const char16_t * text, unsigned n);
     template <class Change>
     ustring & change_case(unsigned pos, unsigned n, Change change);

@@ -75,7 +75,7 @@ std::FILE * open_stream(const ustring & path, const char * mode)
     char * const buffer = stream && *mode == 'r' ? static_cast<char *>(std::malloc(buffer_size)) : nullptr;
     if (buffer && std::setvbuf(stream, buffer, _IOFBF, buffer_size) != 0)
         std::free(buffer);
-    return stream;
+    return stream; // NOLINT(clang-analyzer-unix.Malloc): the stream keeps the buffer, for `close_stream`
 }
 
 int close_stream(std::FILE * stream)
