@@ -124,7 +124,7 @@ int scan_cfg::fail(int rc, const char * format, const Args &... args)
 
 bool scan_cfg::close_stream()
 {
-    return std::fclose(std::exchange(cfg_stream_, nullptr)) == 0;
+    return platform::close_stream(std::exchange(cfg_stream_, nullptr)) == 0;
 }
 
 int scan_cfg::load()

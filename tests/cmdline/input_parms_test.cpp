@@ -95,8 +95,7 @@ TEST_F(InputParms, ReadsCommandLines) {
                                        "is incorrect. The err value is used as default.\n"},
         {"tool -type plan -log 3 -trc 2", "0 | -log -trc -type | MSGI0011 [F] The value specified for the "
                                           "-type option is incorrect. Allowed values "
-                                          "are GEN, ZR7CID, WINCID, BRD2, PROCEDURE and PLAN.\n"},
-    };
+                                          "are GEN, ZR7CID, WINCID, BRD2, PROCEDURE and PLAN.\n"}};
     for (const auto & [line, expected] : cases) {
         input_parms ip;
         EXPECT_EQ(outcome(ip, line), expected) << line;
@@ -183,40 +182,6 @@ TEST_F(InputParms, TellsUsageAndAllThatIsMissing) {
     const vector missing = ip.missing(mandatory);
     EXPECT_EQ(missing.size(), 2U);
     EXPECT_EQ(text_of(static_cast<const ustring &>(*missing[1])), "-tool");
-}
-
-/// A profile as "mandatory | allowed".
-std::string text_of(const option_profile & profile) {
-    std::string text;
-    for (const char * const * name = profile.mandatory; *name; ++name) text += *name;
-    text += "|";
-    for (const char * const * name = profile.allowed; *name; ++name) text += *name;
-    return text;
-}
-
-TEST(OptionTable, HasTheProfilesOfTheTools) {
-    const char * const expected[] = {
-        "-ini-tool|-log-trc-osys-rcmd-tobj-uvxp-obj",
-        "-ini-tool|-log-trc-osys-rcmd-trg-gh-obj",
-        "-ini-top-tool|-log-trc",
-        "-ini-top-tool|-log-trc",
-        "-ini-tool|-log-trc-gt-osys-rcmd-obj",
-        "-ini-top-tool|-log-trc-force-gt",
-        "-file-dir-gfn|-log-trc-vxai-osys-rcmd",
-        "-ini-tool|-log-trc-osys-rcmd-usr-obj",
-        "-ini-tool|-log-trc-osys-rcmd-prf-obj",
-        "-ini-tool|-log-trc-osys-rcmd-gp-obj",
-        "-ini-tool-obj|-log-trc-osys-rcmd",
-        "-ini-top-tool|-log-trc",
-        "-ini-top-tool|-log-trc",
-        "-ini-top-tool|-log-trc",
-        "-ini-top-tool|-log-trc",
-        "-tool-dir-file-top|-log-trc-osys-rcmd",
-        "-tool-dir-srv-top|-log-trc-file-ret-gfn-type-osys-rcmd",
-        "-gfn-dir-ftok-odir-type|-log-trc-file",
-        "-cmd-ini|-obj-tool-file-dir-log-trc-osys-rcmd-srv",
-    };
-    for (std::size_t i = 0; i < 19; ++i) EXPECT_EQ(text_of(ip_profiles[i]), expected[i]) << "profile " << i + 1;
 }
 
 const scenario set_up("set_up", [] {

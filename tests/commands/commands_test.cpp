@@ -94,8 +94,7 @@ TEST(Command, GivesExitValueAndStreams) {
     const struct { std::string command; int result; const char * out = "", * err = ""; } rows[] = { // -2: not 0
         {"exit 0", 0}, {std::string(3000, ' ') + scenario_command("speak"), 3, "out\n", "err\n"},
         {"no_such_command_here", -2, "", nullptr}, {killed_command ? killed_command : "exit 137", 137},
-        {std::string("exit 0\0 or not", 13), -1},
-    };
+        {std::string("exit 0\0 or not", 13), -1}};
     for (const auto & [command, result, out, err] : rows) {
         write_file("brodan/migr/cmd.out", "");
         write_file("brodan/migr/broderr.out", "before\n");
@@ -135,8 +134,7 @@ TEST(DummyMode, AnswersFromCannedFiles) {
         {"BROD lstg -l>x 2>>y", "x_lstgl"}, {"brod lstg \\* -l -b", "x_lstglb"}, {" brod lstg -l", "x_invalid"},
         {"cat /usr/lpp/brodan/db/routetab ", "x_lsroute"}, {"cat /usr/lpp/brodan/db/brod.cfg>x", "x_cfg"},
         {"cat /usr/lpp/brodan/db/snadscon/  NODE A>x", "xc_NODE A"},
-        {"brod lstg \\* -l -j  GRP 2>>y", "xd_GRP 2"}, {"brod lstg \\* -l -j", "x_invalid"},
-    };
+        {"brod lstg \\* -l -j  GRP 2>>y", "xd_GRP 2"}, {"brod lstg \\* -l -j", "x_invalid"}};
     for (const auto & [command, file] : files)
         EXPECT_EQ(text_of(brod_base::canned_file(command.c_str())), file) << command;
 
@@ -164,8 +162,7 @@ TEST(Listings, ReadTheLocalName) {
         {"Local name: $(REPOSITORY)a$(REPOSITORY)", "BRODAN/reposa$(REPOSITORY)"}, {"Local name: $(FILEPATH)", "BRODAN"},
         {"Local name: $(FILEPATH)/$(REPOSITORY)a", "BRODAN/reposa"},
         {"Local name:first\nLocal name: in front $(FILEPATH)//a", "BRODAN/a"},
-        {"Local name:$(FILEPATH)x\nLocal name: \nLocal name:y\n", ""},
-    };
+        {"Local name:$(FILEPATH)x\nLocal name: \nLocal name:y\n", ""}};
     for (const auto & [listing, name] : listings) {
         write_file("brodan/migr/cattmp.out", listing);
         lines.take();

@@ -80,8 +80,7 @@ TEST(KtFile, SaysWhenItIsNotOpen) {
         {"kt_file::write(b,s)", [&] { return file.write(&byte, 1); }, 255, "quit 255"},
         {"kt_file:read", [&] { return file.read(&byte, 1, 1); }, 255, "quit 255"},
         {"kt_file:read", [&] { return static_cast<int>(file.read(&byte, 1)); }, 0, "quit 0"},
-        {"kt_file::get_line", [&] { return file.get_line(line); }, 0, "quit"},
-    };
+        {"kt_file::get_line", [&] { return file.get_line(line); }, 0, "quit"}};
     for (const auto & [name, call, result, end] : cases) {
         transcript lines;
         EXPECT_EQ(call(), result);

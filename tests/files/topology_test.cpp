@@ -122,8 +122,7 @@ TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing) {
          {"r = a,R", "a = a,AAAA,push,R", "b = a,B,push,AAAA", "c = a,C,push,R", "d = a,D,push,R"},
          "R C D AAAA B ",
          ""},
-        {"a percent sign is plain text", {"r%s%d = a,%s"}, "%s ", ""},
-    };
+        {"a percent sign is plain text", {"r%s%d = a,%s"}, "%s ", ""}};
     for (const auto & [what, domains, kept, log] : cases) {
         const loaded result(topology(domains));
         EXPECT_EQ(result.top_code + result.offsets_code, 0) << what;
@@ -169,8 +168,7 @@ TEST(Topology, RefusesWhatItCantRead) {
         {"[topology]\ncount = 3\nr = a,R,push\n", 0, 260, "R R R ",
          missing("[r]")}, // the last line stands for the rest
         {"[topology]\r\ncount = 1\r\nr = a,R\r\n[r]\r\ncount = x", 0, 0, "R ",
-         loading + "0> targets info for domain <[r]>.\n"},
-    };
+         loading + "0> targets info for domain <[r]>.\n"}};
     for (const auto & [text, top_code, offsets_code, names, log] : cases) {
         const loaded result(text);
         EXPECT_EQ(result.top_code, top_code) << text;
@@ -179,25 +177,6 @@ TEST(Topology, RefusesWhatItCantRead) {
         EXPECT_EQ(text_of(result.server), names.empty() ? "" : "R_R") << text;
         EXPECT_EQ(result.lines, log) << text;
     }
-}
-
-TEST(Topology, PassesOverWhatIsNoTargetSection) {
-    vector topv;
-    topv.push_back(new ustring("no domain"));
-    topv.push_back(new top_entry("E", "", vector()));
-    vector other;
-    other.push_back(new sof_entry("[o]", static_cast<sof_entry::sectype>(1)));
-    topv.push_back(new top_entry("O", "path", other));
-    transcript lines;
-    EXPECT_EQ(print_topv(topv, "label"), 0);
-    EXPECT_EQ(lines.take(), "T[C] print_topv >>>> ENTRY>>>>>\nT[C] print_topv return data = 0\n"
-                            "T[C] print_topv <<<<<<<<<< EXIT\n");
-    topv.remove(0);
-    write_file("scan.txt", "nothing\n");
-    kt_file file(pathname("scan.txt"));
-    EXPECT_EQ(file.open("r"), 0);
-    EXPECT_EQ(file.load_offsets(topv), 0);
-    EXPECT_EQ(file.close(), 0);
 }
 
 } // namespace

@@ -49,28 +49,26 @@ TEST(Ustring, HoldsUtf16) {
 TEST(Ustring, EditsInPlace) {
     const auto abc = [] { return ustring("abcdef"); };
     const ustring xy("xy");
-    const std::pair<ustring, const char *> cases[] = {
-        {abc().append("gh"), "abcdefgh"},
-        {abc() += xy, "abcdefxy"},
-        {abc().insert(2, xy, 0, ustring::npos), "abxycdef"},
-        {abc().insert(2, xy, 1, 1), "abycdef"},
-        {abc().insert(2, xy, 2, 1), "abcdef"},
-        {abc().insert(99, xy, 0, ustring::npos), "abcdefxy"},
-        {abc().remove(1, 2), "adef"},
-        {abc().remove(4, ustring::npos), "abcd"},
-        {abc().remove(6, 1), "abcdef"},
-        {abc().assign(xy, 1, ustring::npos), "y"},
-        {abc().assign(xy, 2, 1), ""},
-        {ustring(abc(), 2, 3), "cde"},
-        {ustring(abc(), 9, 3), ""},
-        {abc().to_upper(1, 2), "aBCdef"},
-        {ustring("\xC3\xA9Zz").to_lower(0, ustring::npos), "\xC3\xA9zz"},
-        {ustring("  a b  ").strip(ustring::strip_front, ' '), "a b  "},
-        {ustring("  a b  ").strip(ustring::strip_back, ' '), "  a b"},
-        {ustring("  a b  ").strip(ustring::strip_both, ' '), "a b"},
-        {ustring("    ").strip(ustring::strip_both, ' '), ""},
-        {ustring(static_cast<const char *>(nullptr)), ""},
-    };
+    const std::pair<ustring, const char *> cases[] = {{abc().append("gh"), "abcdefgh"},
+                                                      {abc() += xy, "abcdefxy"},
+                                                      {abc().insert(2, xy, 0, ustring::npos), "abxycdef"},
+                                                      {abc().insert(2, xy, 1, 1), "abycdef"},
+                                                      {abc().insert(2, xy, 2, 1), "abcdef"},
+                                                      {abc().insert(99, xy, 0, ustring::npos), "abcdefxy"},
+                                                      {abc().remove(1, 2), "adef"},
+                                                      {abc().remove(4, ustring::npos), "abcd"},
+                                                      {abc().remove(6, 1), "abcdef"},
+                                                      {abc().assign(xy, 1, ustring::npos), "y"},
+                                                      {abc().assign(xy, 2, 1), ""},
+                                                      {ustring(abc(), 2, 3), "cde"},
+                                                      {ustring(abc(), 9, 3), ""},
+                                                      {abc().to_upper(1, 2), "aBCdef"},
+                                                      {ustring("\xC3\xA9Zz").to_lower(0, ustring::npos), "\xC3\xA9zz"},
+                                                      {ustring("  a b  ").strip(ustring::strip_front, ' '), "a b  "},
+                                                      {ustring("  a b  ").strip(ustring::strip_back, ' '), "  a b"},
+                                                      {ustring("  a b  ").strip(ustring::strip_both, ' '), "a b"},
+                                                      {ustring("    ").strip(ustring::strip_both, ' '), ""},
+                                                      {ustring(static_cast<const char *>(nullptr)), ""}};
     for (const auto & [result, expected] : cases) EXPECT_EQ(text_of(result), expected);
 
     ustring text("0123456789"); // its own text, also where it grows past what it keeps inside itself
@@ -120,8 +118,7 @@ TEST(Ustring, ReadsLines) {
         {"l\xE9\nu\xC3\xA9\n", {"l\xE9", "u\xC3\xA9"}},
         {longest + "\n" + longest + "\r\nend", {longest, longest, "end"}},
         {filling + "\r\nnext", {filling, "next"}}, // what the end of a filling of the stream cuts
-        {filling + "\xC3\xA9\n", {filling + "\xC3\xA9"}},
-    };
+        {filling + "\xC3\xA9\n", {filling + "\xC3\xA9"}}};
     for (const auto & [bytes, expected] : cases) {
         write_file("lines.txt", bytes);
         std::FILE * const file = std::fopen("lines.txt", "rb");

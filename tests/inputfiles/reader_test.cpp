@@ -60,8 +60,7 @@ std::string brief(const std::string & transcript) {
         {"L MSG0139 [I] Some error have been encountered reading and validating the file containing input "
          "information.\nT[F] file_input_parms::get_fips Error 102 from validate ", "refused "},
         {"L MSG0134 [Fl Keyword ", "invalid "}, {" is invalid in the currently read input file\n", ";"},
-        {"L MSG0137 [F] The mandatory keywork ", "missing "}, {" was not supplied in the input file.\n", ";"},
-    };
+        {"L MSG0137 [F] The mandatory keywork ", "missing "}, {" was not supplied in the input file.\n", ";"}};
     std::string text = without({"[C]", " kt_file", "_info::", "MSG0017"}, transcript);
     for (const auto & [from, to] : words)
         for (std::size_t at; (at = text.find(from)) != std::string::npos;) text.replace(at, from.size(), to);
@@ -118,8 +117,7 @@ const struct {
      "started;+USER=a;+USER=b;missing AUTHORIZATION PROFILE=;refused \n", ""},
     {3, "[USER=a\nUSER=a\nAUTHORIZATION PROFILE=x\n", 0, "1: <a,x>", "started;-->a<-- -->x;completed;", "[USER="},
     {4, "ANY\nUSER=a\nANY\nUSER=b\nANY\n", 102, "1: at 4,1:USER=b", "started;+USER=a;+USER=b;refused \n"},
-    {0, "ANY\n", 102, "1:", "started;refused \n"},
-};
+    {0, "ANY\n", 102, "1:", "started;refused \n"}};
 // clang-format on
 TEST(InputFile, AWholeFileInRecordsAndTranscriptOut) {
     for (const auto & each : cases) {

@@ -39,8 +39,7 @@ const struct {
     // No file, a directory, and what opens but can't be read.
     {"cfg/%s%d.cfg", nullptr, 2, 1, "unable to open file [cfg/%s%d.cfg]", "-|older|-|"},
     {"cfg", nullptr, 2, 1, "unable to open file [cfg]", "-|older|-|"},
-    {"/proc/self/mem", nullptr, 2, 1, "unable to open file [/proc/self/mem]", "-|older|-|"},
-};
+    {"/proc/self/mem", nullptr, 2, 1, "unable to open file [/proc/self/mem]", "-|older|-|"}};
 // clang-format on
 /// What stands under the three names.
 std::string files() {

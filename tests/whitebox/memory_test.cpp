@@ -169,12 +169,9 @@ TEST(Memory, InputFilesAreWholeOrRefused) {
 TEST(Memory, WithoutAResultTheObjectStaysAsItWas) {
     const ustring more((longer + longer + longer).c_str());
     const std::function<void(ustring &)> edits[] = {
-        [&](ustring & text) { text.assign(more); },
-        [&](ustring & text) { text.append(more); },
-        [&](ustring & text) { text.insert(3, more); },
-        [&](ustring & text) { text.append(text); },
-        [&](ustring & text) { usprintf(text, "%s and %s", more, more); },
-    };
+        [&](ustring & text) { text.assign(more); }, [&](ustring & text) { text.append(more); },
+        [&](ustring & text) { text.insert(3, more); }, [&](ustring & text) { text.append(text); },
+        [&](ustring & text) { usprintf(text, "%s and %s", more, more); }};
     more.mbcs_str();
     for (const auto & edit : edits) {
         ustring text(longer.c_str());
