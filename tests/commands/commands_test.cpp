@@ -149,7 +149,8 @@ TEST(DummyMode, AnswersFromCannedFiles) {
                   "Dummy call: <" + command + "> becomes <PRINT " + file + " > BRODAN/migr/cmd.out> \n");
         EXPECT_EQ(in_migr("cmd.out"), found ? "targets\n" : "");
     }
-    EXPECT_EQ(printed_by([&] { test_command(" dummy canned brod lstg -l").exec_brod_cmd(1, 1); }), "");
+    for (const std::string & none : {std::string(" dummy canned brod lstg -l"), std::string("dummy brod\0 lstg -l", 19)})
+        EXPECT_EQ(printed_by([&] { test_command(none).exec_brod_cmd(1, 1); }), "");
 }
 
 TEST(Listings, ReadTheLocalName) {

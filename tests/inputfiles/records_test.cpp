@@ -194,6 +194,7 @@ TEST(Records, ValidateWeighsTheMarks) {
     all.push_back("USER=");
     check_validate(agent, all, "", {"PROFILE NAME=", "USER="});
     check_validate(auth_profile_info(), {}, "");
+    check_validate(auth_profile_info(), {"USER="}, "", {"USER="});
     check_validate(auth_profile_info(), {fip_names + 13, fip_names + 37}, "", {"TARGET=", "USER="});
     check_validate(user_info(), {}, missing("USER="));
     check_validate(user_info(), {"USER=", "SEND="}, missing("AUTHORIZATION PROFILE="));
