@@ -42,20 +42,6 @@ protected:
     }
 };
 
-TEST_F(InputParms, StartsWithItsDefaults) {
-    const input_parms ip;
-    EXPECT_EQ(marks(ip), "");
-    EXPECT_EQ(ip.ip_log_level(), 0);
-    EXPECT_EQ(ip.ip_trace_level(), 6);
-    EXPECT_EQ(ip.ip_force() + ip.ip_uvxinstp(), 0);
-    EXPECT_EQ(text_of(ip.ip_ret_val()) + text_of(ip.ip_type()) + text_of(ip.ip_top_root().text()), "");
-    EXPECT_EQ(text_of(input_parms::ip_op_sys()), "UVX");
-    EXPECT_EQ(input_parms::ip_h_global(), 1);
-    EXPECT_EQ(input_parms::ip_t_global(), 0);
-    EXPECT_EQ(text_of(input_parms::ip_base_cmd()) + text_of(input_parms::ip_file_name().text()), "");
-    EXPECT_EQ(ip.ip("-nosuch"), 0);
-}
-
 TEST_F(InputParms, EveryValueReachesItsOwnField) {
     using ip = input_parms;
     const std::pair<const char *, const ustring & (input_parms::*)() const> texts[] = {

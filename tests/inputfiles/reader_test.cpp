@@ -182,28 +182,4 @@ TEST(InputFile, WithoutAFileTheObjectStaysAsItWas) {
     }
 }
 
-TEST(InputFile, NothingIsTakenBackBetweenTwoCalls) {
-    file_input_parms input;
-    for (const std::string & file : {least + "MOUNT_OPTIONS=ro\n", std::string("SERVER_NAME=other\n")}) {
-        write_file("in.txt", "TARGET=1\n" + file);
-        EXPECT_EQ(input.get_fips("in.txt", 1, "TARGET=", 1), 0);
-    }
-    write_file("in.txt", "USER=a\nAUTHORIZATION PROFILE=x\n");
-    EXPECT_EQ(input.get_fips("in.txt", 1, nullptr, 3), 102);
-    for (int i = 0; i < 2; ++i) EXPECT_EQ(input.get_fips("in.txt", 1, "USER=", 3), 0);
-    EXPECT_EQ(shown(input), "1: 1<WINDOWS_NT,other,9494,$(TARGET),c:\\corvan\\vxa,ro> <a,x> <a,x>");
-}
-
-TEST(InputFile, SizeIsNoLimit) {
-    const std::string name(1 << 20, 'n');
-    std::string file = "#" + name + "\nUSER=" + name + "\nAUTHORIZATION PROFILE=z" + std::string("\0ero\n", 5);
-    for (int i = 1; i < 100000; ++i)
-        file += "USER=user" + std::to_string(i) + "\nAUTHORIZATION PROFILE=a profile of some length\n";
-    write_file("in.txt", file);
-    file_input_parms input;
-    EXPECT_EQ(input.get_fips("in.txt", 1, "USER=", 3), 0);
-    EXPECT_EQ(input.arSections().size(), 100000U);
-    EXPECT_EQ(shown(input.arSections()[0]), name + "," + std::string("z\0ero", 5));
-    EXPECT_EQ(shown(input.arSections()[99999]), "user99999,a profile of some length");
-}
 } // namespace

@@ -50,12 +50,9 @@ public:
     std::string take(const std::string & part);
 };
 
-/// What is printed to standard output while `action` runs, CR LF as LF.
-template <class Action>
-std::string printed_by(Action action);
-
 std::string plain_line_ends(std::string text);
 
+/// What is printed to standard output while `action` runs, CR LF as LF.
 template <class Action>
 std::string printed_by(Action action) {
     testing::internal::CaptureStdout();

@@ -166,24 +166,4 @@ TEST(Memory, InputFilesAreWholeOrRefused) {
         });
 }
 
-TEST(Memory, WithoutAResultTheObjectStaysAsItWas) {
-    const ustring more((longer + longer + longer).c_str());
-    const std::function<void(ustring &)> edits[] = {
-        [&](ustring & text) { text.assign(more); }, [&](ustring & text) { text.append(more); },
-        [&](ustring & text) { text.insert(3, more); }, [&](ustring & text) { text.append(text); },
-        [&](ustring & text) { usprintf(text, "%s and %s", more, more); }};
-    more.mbcs_str();
-    for (const auto & edit : edits) {
-        ustring text(longer.c_str());
-        with_only(0, [&] { edit(text); });
-        EXPECT_EQ(text_of(text), longer);
-    }
-    vector items;
-    auto * const late = new ustring("y");
-    with_only(0, [&] { items.push_back(late); });
-    EXPECT_EQ(items.size(), 0U);
-    pathname path(longer.c_str());
-    with_only(0, [&] { path += more; });
-    EXPECT_EQ(text_of(path.text()), longer);
-}
 } // namespace

@@ -40,6 +40,7 @@ public:
     virtual codable * clone() = 0;
     /// 1 for equal, 0 for different. Classes without texts of their own are all equal.
     virtual int operator==(const codable & other) const;
+    /// The opposite of `==`, by the left object.
     friend bool operator!=(const codable & a, const codable & b) { return a.operator==(b) == 0; }
     virtual ~codable() = default;
 
