@@ -5,9 +5,7 @@
 
 using namespace orvet;
 using namespace orvet_test;
-
 namespace {
-
 std::string marks(const input_parms & ip) {
     std::string set;
     for (int i = 0; ip_names[i]; ++i)
@@ -45,10 +43,9 @@ protected:
 TEST_F(InputParms, EveryValueReachesItsOwnField) {
     using ip = input_parms;
     const std::pair<const char *, const ustring & (input_parms::*)() const> texts[] = {
-        {"-trg", &ip::ip_trg_name},   {"-cmd", &ip::ip_cmd},          {"-key", &ip::ip_key},
-        {"-usr", &ip::ip_usr_name},   {"-prf", &ip::ip_prf_name},     {"-gp", &ip::ip_grp_name},
-        {"-tool", &ip::ip_tool_name}, {"-srv", &ip::ip_srv_name},     {"-pro", &ip::ip_pro_name},
-        {"-gfn", &ip::ip_gfn_name},   {"-resgf", &ip::ip_resgf_name}, {"-ftok", &ip::ip_tokens_file}};
+        {"-trg", &ip::ip_trg_name}, {"-cmd", &ip::ip_cmd},      {"-key", &ip::ip_key},          {"-usr", &ip::ip_usr_name},
+        {"-prf", &ip::ip_prf_name}, {"-gp", &ip::ip_grp_name},  {"-tool", &ip::ip_tool_name},   {"-srv", &ip::ip_srv_name},
+        {"-pro", &ip::ip_pro_name}, {"-gfn", &ip::ip_gfn_name}, {"-resgf", &ip::ip_resgf_name}, {"-ftok", &ip::ip_tokens_file}};
     const std::pair<const char *, const pathname & (input_parms::*)() const> paths[] = {
         {"-top", &ip::ip_top_root},  {"-obj", &ip::ip_obj_file_name}, {"-file", &ip::ip_input_file},
         {"-dir", &ip::ip_input_dir}, {"-odir", &ip::ip_out_dir},      {"-vxai", &ip::ip_vxa_images}};
@@ -75,8 +72,7 @@ TEST_F(InputParms, ReadsCommandLines) {
         {"tool -tool x ''", "1 | -tool | MSGI0004 [F] The option  is not supported.\n"},
         {"tool -lo", "1 |  | MSGI0004 [F] The option -lo is not supported.\n"},
         {"tool -osys uvx -log 3", "16 | -osys | MSGI0006 [F] The oprating system specified (uvx) is invalid.\n"},
-        {"tool -tobj PROCEDURE -log 3",
-         "17 | -tobj | MSGI0006 [F] The object type specified (PROCEDURE) is invalid.\n"},
+        {"tool -tobj PROCEDURE -log 3", "17 | -tobj | MSGI0006 [F] The object type specified (PROCEDURE) is invalid.\n"},
         {"tool -ret OK -log 3 -trc 2", "0 | -log -trc -ret | MSGI0010 [F] The value specified for the -ret option "
                                        "is incorrect. The err value is used as default.\n"},
         {"tool -type plan -log 3 -trc 2", "0 | -log -trc -type | MSGI0011 [F] The value specified for the "
@@ -90,7 +86,6 @@ TEST_F(InputParms, ReadsCommandLines) {
     }
     EXPECT_EQ(text_of(input_parms::ip_op_sys()), ""); // wiped, not back at its default
     EXPECT_EQ(input_parms::ip_t_global(), 1);
-
     input_parms ip;
     std::string words;
     outcome(ip, "Tool -LOG -TRC -INI Mixed/Case -FORCE", &words);
@@ -99,9 +94,9 @@ TEST_F(InputParms, ReadsCommandLines) {
 }
 
 TEST_F(InputParms, KeywordsAreOneOfASet) {
-    for (const std::string line : {"-osys UVX", "-osys WINDOWS_NT", "-tobj PROC", "-tobj PLAN", "-tobj SOFTW",
-                                   "-ret ok", "-ret err", "-type GEN", "-type ZR7CID", "-type WINCID", "-type BRD2",
-                                   "-type PROCEDURE", "-type PLAN", "-type UVXINSTP"}) {
+    for (const std::string line :
+         {"-osys UVX", "-osys WINDOWS_NT", "-tobj PROC", "-tobj PLAN", "-tobj SOFTW", "-ret ok", "-ret err", "-type GEN",
+          "-type ZR7CID", "-type WINCID", "-type BRD2", "-type PROCEDURE", "-type PLAN", "-type UVXINSTP"}) {
         input_parms ip;
         EXPECT_EQ(outcome(ip, "tool " + line), "0 | " + line.substr(0, line.find(' ')) + " | ");
         const std::string values = text_of(ip.ip_obj_type()) + text_of(ip.ip_ret_val()) + text_of(ip.ip_type());
@@ -114,16 +109,6 @@ TEST_F(InputParms, KeywordsAreOneOfASet) {
         ip.set_ip_type("TYPE");
     });
     EXPECT_EQ(text_of(ip.ip_obj_type()) + "|" + text_of(ip.ip_ret_val()) + "|" + text_of(ip.ip_type()), "|err|err");
-}
-
-TEST_F(InputParms, ClassLevelValuesAreSharedAndMarksAreNot) {
-    input_parms first, second;
-    first.set_ip_base_cmd("dummy dir");
-    first.set_ip_log_level("abc");
-    first.set_ip("-NOSUCH");
-    EXPECT_EQ(text_of(second.ip_base_cmd()), "dummy dir");
-    EXPECT_EQ(marks(first) + "|" + marks(second), "-log -rcmd|");
-    EXPECT_EQ(first.ip_log_level(), 0);
 }
 
 TEST_F(InputParms, ValidatesAgainstTwoLists) {
@@ -161,8 +146,7 @@ TEST_F(InputParms, TellsUsageAndAllThatIsMissing) {
               "    -type GEN|ZR7CID|WINCID|BRD2|PROCEDURE|PLAN|UVXINSTP\n    -osys UVX|WINDOWS_NT\n    -rcmd "
               "TEXT\n");
     const char * const mandatory[] = {"-force", "-nosuch", "-ini", "-tool", nullptr};
-    EXPECT_EQ(text_of(input_parms::usage({mandatory, mandatory + 4}, "t")),
-              "usage: t -force -nosuch -ini PATH -tool TEXT\n");
+    EXPECT_EQ(text_of(input_parms::usage({mandatory, mandatory + 4}, "t")), "usage: t -force -nosuch -ini PATH -tool TEXT\n");
     input_parms ip;
     ip.set_ip_file_name("");
     const vector missing = ip.missing(mandatory);
@@ -190,5 +174,4 @@ const scenario set_up("set_up", [] {
 });
 
 TEST(SetUp, AppliesSizesAndLevels) { EXPECT_EQ(run_scenario("set_up"), "7 8 3 -4\n7 8 4 4\n"); }
-
 } // namespace

@@ -2,8 +2,6 @@
 
 #include <cstdlib>
 
-#include "system.h"
-
 using namespace orvet;
 using namespace orvet_test;
 namespace {
@@ -123,8 +121,7 @@ TEST(Command, LeavesNoOpenFileToChildrenAndNoFileBehindIfAsked) {
     EXPECT_EQ(in_migr("cmd.out"), "");
     const std::string inherited = run_scenario("clean");
     EXPECT_NE(inherited.find("inherited.txt"), std::string::npos) << inherited;
-    for (const char * own : {"cmd.out", "ktx1.trc", "ktx1.log"})
-        EXPECT_EQ(inherited.find(own), std::string::npos) << inherited;
+    for (const char * own : {"cmd.out", "ktx1.trc", "ktx1.log"}) EXPECT_EQ(inherited.find(own), std::string::npos) << inherited;
     EXPECT_EQ(in_migr("cmd.out"), "(no file)");
 }
 
@@ -137,7 +134,6 @@ TEST(DummyMode, AnswersFromCannedFiles) {
         {"brod lstg \\* -l -j  GRP 2>>y", "xd_GRP 2"}, {"brod lstg \\* -l -j", "x_invalid"}};
     for (const auto & [command, file] : files)
         EXPECT_EQ(text_of(brod_base::canned_file(command.c_str())), file) << command;
-
     fs::create_directory("canned");
     write_file("canned/x_lstgl", "targets\n");
     const text_pair runs[] = {{"Dummy  canned brod lstg -l" + std::string(2000, 'x'), "canned/x_lstgl"},

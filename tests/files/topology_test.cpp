@@ -4,9 +4,7 @@
 
 using namespace orvet;
 using namespace orvet_test;
-
 namespace {
-
 /// What a load leaves: codes, server, then a line a domain.
 struct loaded {
     explicit loaded(const std::string & text, int trace_level = 6) {
@@ -20,8 +18,7 @@ struct loaded {
             offsets_code = file.load_offsets(topv);
         lines = said.take();
         EXPECT_EQ(file.close(), 0);
-        for (unsigned i = 0; i < topv.size(); ++i)
-            names += text_of(static_cast<const top_entry &>(*topv[i]).domain_name) + " ";
+        for (unsigned i = 0; i < topv.size(); ++i) names += text_of(static_cast<const top_entry &>(*topv[i]).domain_name) + " ";
     }
     short top_code = 0, offsets_code = -99;
     ustring server;
@@ -38,37 +35,34 @@ TEST(Topology, LoadsWithItsWholeTrace) {
     const std::string path = native("HQ1_HQ1/NTH_NTH");
     const auto call = [](const std::string & name, const std::string & own, bool returns = true) {
         const std::string begin = "T[C] " + name + " ";
-        return begin + ">>>> ENTRY>>>>>\n" + own + (returns ? begin + "return data = 0\n" : "") + begin +
-               "<<<<<<<<<< EXIT\n";
+        return begin + ">>>> ENTRY>>>>>\n" + own + (returns ? begin + "return data = 0\n" : "") + begin + "<<<<<<<<<< EXIT\n";
     };
     const auto read = [&](const std::string & line) {
         return call("kt_file::get_line", "T[I] kt_file::get_line read line " + line + "\n", false);
     };
     const auto checkpoint = [&](const std::string & label, const std::string & hq, const std::string & north) {
         const std::string begin = "T[I] print_topv " + label + "-topv[";
-        return call("print_topv", begin + "0] = <HQ1,> trg_sect_info = <[hq]," + hq + ">\n" + begin + "1] = <NTH," +
-                                      path + "> trg_sect_info = <[north]," + north + ">\n");
+        return call("print_topv", begin + "0] = <HQ1,> trg_sect_info = <[hq]," + hq + ">\n" + begin + "1] = <NTH," + path +
+                                      "> trg_sect_info = <[north]," + north + ">\n");
     };
     const auto section = [&](const std::string & skipped, const std::string & name, int count, int offset) {
         const std::string n = std::to_string(count), at = std::to_string(offset);
         return call("kt_file::seek_section", skipped + read(name) + read("count = " + n) +
-                                                 "T[I] kt_file::seek_section Section <" + name + "> found. Count = <" +
-                                                 n + "> \n") +
-               call("kt_file::get_pos", "") + "T[I] kt_file::load_offsets Loaded offset (" + at + ") for section (" +
-               name + ") with (" + n + ") entries\nL MSG0114 [I]  Loading <" + n + "> targets info for domain <" +
-               name + ">.\n";
+                                                 "T[I] kt_file::seek_section Section <" + name + "> found. Count = <" + n +
+                                                 "> \n") +
+               call("kt_file::get_pos", "") + "T[I] kt_file::load_offsets Loaded offset (" + at + ") for section (" + name +
+               ") with (" + n + ") entries\nL MSG0114 [I]  Loading <" + n + "> targets info for domain <" + name + ">.\n";
     };
     const std::string top = "T[I] kt_file::load_top ";
-    EXPECT_EQ(
-        result.lines,
-        call("kt_file::load_top",
-             read("count = 2") + top + "count = <2>\n" + read("hq = any,HQ1") + top + "Dep = <[hq] , HQ1 , > \n" +
-                 read("north = any,NTH,push,HQ1") + top + "Dep = <[north] , NTH , " + path + "> \n" +
-                 checkpoint("load_top_after_loading", "0,0", "0,0") + top +
-                 "Valid dependency found: <1,HQ1> by <0,HQ1>\n" + checkpoint("load_top_after_depcheck", "0,0", "0,0")) +
-            call("kt_file::load_offsets", section(read(""), "[hq]", 1, 75) + section(read("entry"), "[north]", 0, 99) +
-                                              checkpoint("load_dom_after_loading", "1,75", "0,99") +
-                                              checkpoint("load_dom_after_qsort", "1,75", "0,99")));
+    EXPECT_EQ(result.lines,
+              call("kt_file::load_top",
+                   read("count = 2") + top + "count = <2>\n" + read("hq = any,HQ1") + top + "Dep = <[hq] , HQ1 , > \n" +
+                       read("north = any,NTH,push,HQ1") + top + "Dep = <[north] , NTH , " + path + "> \n" +
+                       checkpoint("load_top_after_loading", "0,0", "0,0") + top + "Valid dependency found: <1,HQ1> by <0,HQ1>\n" +
+                       checkpoint("load_top_after_depcheck", "0,0", "0,0")) +
+                  call("kt_file::load_offsets", section(read(""), "[hq]", 1, 75) + section(read("entry"), "[north]", 0, 99) +
+                                                    checkpoint("load_dom_after_loading", "1,75", "0,99") +
+                                                    checkpoint("load_dom_after_qsort", "1,75", "0,99")));
 }
 
 /// A topology section of these lines; each key has an empty target section.
@@ -88,18 +82,14 @@ TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing) {
     };
     const auto odd = [](int number, const std::string & name, const std::string & mode) {
         return "L MSG0108 [W]  Discovered domain number <" + std::to_string(number) + "> with RGN <" + name +
-               "> has an invalid mode <" + mode +
-               "> (probably discovery should be started there). Domain is included anyhow.\n";
+               "> has an invalid mode <" + mode + "> (probably discovery should be started there). Domain is included anyhow.\n";
     };
     const std::tuple<const char *, std::vector<std::string>, std::string, std::string> cases[] = {
         {"a chain goes down to its end",
          {"r = a,R", "b = a,B,push,X", "c = a,C,push,B", "d = a,D,push,R"},
          "R D ",
          gone(1, "B", "X") + gone(2, "C", "B")},
-        {"one in front of the removed stays",
-         {"r = a,R", "c = a,C,push,B", "b = a,B,push,X"},
-         "R C ",
-         gone(2, "B", "X")},
+        {"one in front of the removed stays", {"r = a,R", "c = a,C,push,B", "b = a,B,push,X"}, "R C ", gone(2, "B", "X")},
         {"the root is never tested", {"r = a,R,pull,X", "b = a,B,push"}, "R B ", ""},
         {"itself, one further down, each other",
          {"r = a,R", "b = a,B,push,B", "c = a,C,push,D", "d = a,D,push,C"},
@@ -129,10 +119,8 @@ TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing) {
         EXPECT_EQ(result.names, kept) << what;
         EXPECT_EQ(result.lines.substr(0, result.lines.find("L MSG0114")), log) << what;
     }
-
     // The trace tells the place in the vector, the log the number in the file.
-    const loaded result(topology({"r = a,R", "b = a,B,push,X", "c = a,C,push,D", "d = a,D,push,D", "e = a,E,push,C"}),
-                        1);
+    const loaded result(topology({"r = a,R", "b = a,B,push,X", "c = a,C,push,D", "d = a,D,push,D", "e = a,E,push,C"}), 1);
     std::string check = result.lines.substr(result.lines.find("T[E]"));
     check.erase(check.find("T[I] print_topv"));
     EXPECT_EQ(check, "T[E] kt_file::load_top Invalid domaind dependency found <1,B,X>\n" + gone(1, "B", "X") +
@@ -165,10 +153,8 @@ TEST(Topology, RefusesWhatItCantRead) {
         {root + "b = a,B,push\n[b]\ncount = 1\n[r]\ncount = 1\n", 0, 260, "R B ",
          loading + "1> targets info for domain <[r]>.\n" + missing("[b]")},
         {root + "b = a,B,push\n[r]\nno count\n", 0, 258, "R B ", missing("[r]")},
-        {"[topology]\ncount = 3\nr = a,R,push\n", 0, 260, "R R R ",
-         missing("[r]")}, // the last line stands for the rest
-        {"[topology]\r\ncount = 1\r\nr = a,R\r\n[r]\r\ncount = x", 0, 0, "R ",
-         loading + "0> targets info for domain <[r]>.\n"}};
+        {"[topology]\ncount = 3\nr = a,R,push\n", 0, 260, "R R R ", missing("[r]")}, // the last line stands for the rest
+        {"[topology]\r\ncount = 1\r\nr = a,R\r\n[r]\r\ncount = x", 0, 0, "R ", loading + "0> targets info for domain <[r]>.\n"}};
     for (const auto & [text, top_code, offsets_code, names, log] : cases) {
         const loaded result(text);
         EXPECT_EQ(result.top_code, top_code) << text;
@@ -178,5 +164,4 @@ TEST(Topology, RefusesWhatItCantRead) {
         EXPECT_EQ(result.lines, log) << text;
     }
 }
-
 } // namespace

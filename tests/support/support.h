@@ -46,8 +46,6 @@ public:
 
     /// The lines so far, each ended by a line feed; the object starts anew.
     std::string take();
-    /// The same, but only the lines that hold `part`.
-    std::string take(const std::string & part);
 };
 
 std::string plain_line_ends(std::string text);
@@ -68,6 +66,18 @@ std::string native(std::string path);
 
 /// A ustring from bytes that may hold zeros.
 orvet::ustring from_bytes(const std::string & bytes);
+
+// What the tests ask of an operating system; one source for each.
+/// No dialog and no core file when a test process crashes.
+void keep_crashes_quiet();
+unsigned long process_number();
+/// Prints the name of each file that this process holds open besides its standard streams, a line each.
+void print_open_files();
+/// A command that signal 9 ends; null where there are no signals.
+extern const char * const killed_command;
+
+/// Ends the process as a power cut does: nothing is flushed or closed.
+[[noreturn]] void die();
 
 } // namespace orvet_test
 

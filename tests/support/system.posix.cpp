@@ -1,5 +1,3 @@
-#include "system.h"
-
 #include <cstdio>
 #include <cstdlib>
 

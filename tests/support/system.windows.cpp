@@ -1,5 +1,3 @@
-#include "system.h"
-
 #include <cstdio>
 #include <cstdlib>
 
@@ -17,8 +15,7 @@ void print_open_files() {
     for (std::uintptr_t value = 4; value < 0x1000; value += 4) {
         const auto handle = reinterpret_cast<HANDLE>(value);
         wchar_t file[MAX_PATH] = L"";
-        if (GetFileType(handle) == FILE_TYPE_DISK &&
-            GetFinalPathNameByHandleW(handle, file, MAX_PATH, FILE_NAME_NORMALIZED) != 0)
+        if (GetFileType(handle) == FILE_TYPE_DISK && GetFinalPathNameByHandleW(handle, file, MAX_PATH, FILE_NAME_NORMALIZED) != 0)
             std::printf("%s\n", std::filesystem::path(file).filename().string().c_str());
     }
 }

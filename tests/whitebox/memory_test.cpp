@@ -63,7 +63,6 @@ TEST(Memory, IsTakenOncePerRecordAndNotPerLine) {
     EXPECT_EQ(taken_by([] { log_message(messages::MSG0018, "file", 1, 2); }), 0);
     EXPECT_EQ(writes, 1); // a line of a channel is one write, whatever it is made of
     trace::set_stream(orvet::log::wa(), nullptr);
-
     const auto domains = [](int count) {
         std::string text = "count = " + std::to_string(count) + "\n";
         for (int i = 0; i < count; ++i) text += "d" + std::to_string(i) + " = any,D" + std::to_string(i) + ",push,D0\n";
@@ -85,16 +84,6 @@ TEST(Memory, IsTakenOncePerRecordAndNotPerLine) {
     };
     // The domain, its section, row and path, what it depends on, its line and two of its texts.
     EXPECT_LE(domains(2000) - domains(1000), 8100);
-
-    const auto users = [](int count) {
-        std::string text;
-        for (int i = 0; i < count; ++i)
-            text += "USER=u" + std::to_string(i) + "\n  AUTHORIZATION PROFILE=p\n# forty characters of note\n";
-        write_file("in.txt", text);
-        file_input_parms input;
-        return taken_by([&] { EXPECT_EQ(input.get_fips("in.txt", 1, "USER=", 3), 0); });
-    };
-    EXPECT_LE(users(2000) - users(1000), 1050); // the record, and the first call opens the channels
 }
 
 TEST(Memory, ShortageIsNeverASuccess) {
@@ -110,7 +99,6 @@ TEST(Memory, ShortageIsNeverASuccess) {
         return file.load_top(server, topv) == 0 && topv.size() == 3;
     });
     EXPECT_EQ(file.close(), 0);
-
     vector sections;
     sections.push_back(new sof_entry(longer.c_str(), sof_entry::target_sect));
     top_entry domain(longer.c_str(), "so is the path of it", sections);
@@ -122,14 +110,11 @@ TEST(Memory, ShortageIsNeverASuccess) {
         EXPECT_EQ(profile.usSend() == "NO", profile.fip("SEND=") == 0);
         return profile.fip("SEND=") != 0;
     });
-    for (codable * each :
-         {static_cast<codable *>(&domain), static_cast<codable *>(&texts), static_cast<codable *>(&profile)})
+    for (codable * each : {static_cast<codable *>(&domain), static_cast<codable *>(&texts), static_cast<codable *>(&profile)})
         with_each_shortage([&] { return std::unique_ptr<codable>(each->clone()) != nullptr; });
-
     initializer();
     input_parms::ip_base_cmd() = "echo";
     with_each_shortage([&] { return brod_base_ls(value).exec_brod_cmd(1, 1) == 0; });
-
     const std::string generic = "some longer generic line\n" + std::string(40000, 'g') + "\n";
     const std::string old_text = "SERVER: a\nSERVER: b\n" + generic;
     std::filesystem::create_directory(longer);
@@ -165,5 +150,4 @@ TEST(Memory, InputFilesAreWholeOrRefused) {
             return done;
         });
 }
-
 } // namespace

@@ -4,8 +4,6 @@
 #include <cstdlib>
 
 #include "orvet/foundation/platform/platform.h"
-#include "system.h"
-
 using namespace orvet;
 using namespace orvet_test;
 namespace {
