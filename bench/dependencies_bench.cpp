@@ -1,7 +1,7 @@
 // The dependency check alone, beside a search through all domains for each dependency.
 
-#include <memory>
 #include <random>
+#include <vector>
 
 // The check is no function of its own in the library's interface.
 #include "orvet/files/topology.cpp"
@@ -15,7 +15,7 @@ constexpr unsigned domain_count = 32767;
 
 struct topology {
     orvet::vector domains;
-    orvet::vector dependencies;
+    std::vector<orvet::ustring> dependencies;
 
     /// `parent_of` gives the domain that a domain depends on; the first one depends on none.
     template <class Parent>
@@ -25,30 +25,36 @@ struct topology {
         for (unsigned i = 0; i < domain_count; ++i) {
             domains.push_back(orvet::make_domain(name_of(i), orvet::pathname(),
                                                  orvet::ustring("[").append(name_of(i)).append("]")));
-            dependencies.push_back(new orvet::ustring(i == 0 ? orvet::ustring() : name_of(parent_of())));
+            dependencies.push_back(i == 0 ? orvet::ustring() : name_of(parent_of()));
         }
     }
 
     static orvet::ustring name_of(unsigned i) { return ("DOMAIN" + std::to_string(10000 + i)).c_str(); }
+    const orvet::top_entry & domain(unsigned i) const
+    {
+        return static_cast<const orvet::top_entry &>(*domains[i]);
+    }
 };
 
 void check(benchmark::State & state, topology data)
 {
     const orvet::call_trace trace("check");
-    for (auto _ : state)
-        if (!orvet::check_dependencies(trace, data.domains, data.dependencies) ||
-            data.domains.size() != domain_count)
+    for (auto _ : state) {
+        orvet::domain_finder finder;
+        finder.reserve(domain_count);
+        for (unsigned i = 0; i < domain_count; ++i)
+            finder.add(data.domain(i), data.dependencies[i]);
+        if (!orvet::check_dependencies(trace, data.domains, finder) || data.domains.size() != domain_count)
             state.SkipWithError("a domain was lost");
+    }
 }
 
 void search(benchmark::State & state, topology data)
 {
     for (auto _ : state)
         for (unsigned i = 1; i < domain_count; ++i) {
-            const auto & wanted = static_cast<const orvet::ustring &>(*data.dependencies[i]);
             unsigned at = 0;
-            while (at < domain_count &&
-                   static_cast<const orvet::top_entry &>(*data.domains[at]).domain_name != wanted)
+            while (at < domain_count && data.domain(at).domain_name != data.dependencies[i])
                 ++at;
             if (at == domain_count)
                 state.SkipWithError("a domain was lost");

@@ -95,6 +95,7 @@ private:
     bool close_stream();
 
     pathname file_path_;
+    ustring line_; // the room of the lines that only navigation sees
     std::FILE * file_handle_ = nullptr;
     long size_ = 0;
     transfer last_ = transfer::none;

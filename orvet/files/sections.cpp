@@ -53,9 +53,8 @@ ustring build_server_rr(const ustring & name)
 short kt_file::find_section(const ustring & section)
 {
     const call_trace trace("kt_file::find_section");
-    ustring line;
-    while (get_line(line))
-        if (line == section)
+    while (get_line(line_))
+        if (line_ == section)
             return trace.leave(code::success);
     trace.info("Section not found reading kt_file while locating <%s>", section);
     return trace.fail(code::section_absent);
@@ -64,13 +63,12 @@ short kt_file::find_section(const ustring & section)
 short kt_file::seek_section(const ustring & section, int * count, int read_count)
 {
     const call_trace trace("kt_file::seek_section");
-    ustring line;
     do {
-        if (!get_line(line)) {
+        if (!get_line(line_)) {
             trace.error("Error reading kt_file while locating <%s>", section);
             return trace.fail(code::section_missing);
         }
-    } while (line != section);
+    } while (line_ != section);
     if (read_count == 0)
         return trace.leave(code::success);
     memory_watch watch;
@@ -90,15 +88,14 @@ short kt_file::seek_section(const ustring & section, int * count, int read_count
 short kt_file::get_keyval(ustring & key, ustring & value)
 {
     memory_watch watch;
-    ustring line;
-    if (!get_line(line))
+    if (!get_line(line_))
         return watch.failed() ? code::no_keyval : code::success;
     constexpr char16_t separator[] = u" = ";
-    const unsigned at = line.find(separator, 0, 3, 0);
+    const unsigned at = line_.find(separator, 0, 3, 0);
     if (at == ustring::npos)
         return code::no_keyval;
-    key.assign(line, 0, at);
-    value.assign(line, at + 3, ustring::npos);
+    key.assign(line_, 0, at);
+    value.assign(line_, at + 3, ustring::npos);
     return watch.failed() ? code::no_keyval : code::success;
 }
 

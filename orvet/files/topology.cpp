@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "orvet/files/kt_file.h"
 #include "orvet/files/sections.h"
@@ -29,107 +30,129 @@ sof_entry * target_section(codable * item)
 }
 
 /// One domain with its section, ready for the topology vector; null when memory is short.
-top_entry * make_domain(const ustring & name, const pathname & dep_path, const ustring & head)
+top_entry * make_domain(const ustring & name, pathname dep_path, const ustring & head)
 {
     memory_watch watch;
-    vector sections;
-    sections.push_back(make<sof_entry>(head, sof_entry::target_sect));
-    return watch.failed() ? nullptr : make<top_entry>(name, dep_path, sections);
+    auto * const domain = make<top_entry>(name, pathname(), vector());
+    if (domain) {
+        domain->dep_path = std::move(dep_path);
+        domain->trg_sect_info.push_back(make<sof_entry>(head, sof_entry::target_sect));
+    }
+    if (!watch.failed())
+        return domain;
+    delete domain;
+    return nullptr;
 }
 
-/// Domains by their name while some of them are taken out, in a time that does not grow with their number.
+/// The domains of a topology section, to be found by their name while some of them are taken out, in a time
+/// that does not grow with their number.
 class domain_finder {
 public:
-    /// Takes in the domains, by their order. False when memory is short.
-    bool build(const vector & topv)
+    /// Makes room for `count` domains. False when memory is short.
+    bool reserve(int count)
     {
-        count_ = static_cast<int>(topv.size());
-        while (slot_count_ < 2U * topv.size())
-            slot_count_ *= 2;
-        domains_.reset(new (std::nothrow) domain[topv.size()]);
-        slots_.reset(new (std::nothrow) slot[slot_count_]);
-        if (!domains_ || !slots_)
-            return false;
-        // From the back, so that each chain of equal names begins with the first of them.
-        for (int i = count_ - 1; i >= 0; --i) {
-            domains_[i].entry = static_cast<const top_entry *>(topv[static_cast<unsigned>(i)]);
-            slot & place = slot_of(domains_[i].entry->domain_name);
-            domains_[i].next = place.first;
-            place.first = i;
-            place.name = &domains_[i].entry->domain_name;
-        }
-        return true;
+        const std::size_t domains = count > 0 ? static_cast<std::size_t>(count) : 0;
+        while (chain_count_ < domains)
+            chain_count_ *= 2;
+        domains_.reset(new (std::nothrow) domain[domains]);
+        dependencies_.reset(new (std::nothrow) ustring[domains]);
+        chains_.reset(new (std::nothrow) int[chain_count_]);
+        return domains_ && dependencies_ && chains_;
     }
 
-    /// The first domain of that name which is still in; -1 when there is none.
+    /// Takes in the next domain, which has to stay where it is, and the name of the one that it depends on.
+    void add(const top_entry & entry, ustring dependency)
+    {
+        domains_[size_] = {&entry, hash(entry.domain_name), none, false};
+        dependencies_[size_++] = std::move(dependency);
+    }
+
+    /// Readies what has been added to be found.
+    void link()
+    {
+        std::fill_n(chains_.get(), chain_count_, none);
+        for (int i = size_ - 1; i >= 0; --i) { // so that the first of a name comes first in its chain
+            int & chain = chain_of(domains_[i].hash);
+            domains_[i].next = chain;
+            chain = i;
+        }
+    }
+
+    /// The first domain of that name which is still in; `none` when there is none.
     int find(const ustring & name)
     {
-        slot & place = slot_of(name);
-        while (place.first >= 0 && domains_[place.first].out)
-            place.first = domains_[place.first].next;
-        return place.first;
+        const unsigned wanted = hash(name);
+        for (int * at = &chain_of(wanted); *at != none;) {
+            domain & there = domains_[*at];
+            if (there.out)
+                *at = there.next;
+            else if (there.hash == wanted && there.entry->domain_name == name)
+                return *at;
+            else
+                at = &there.next;
+        }
+        return none;
     }
 
     void take_out(int i) { domains_[i].out = true; }
+    int size() const { return size_; }
     const top_entry & entry(int i) const { return *domains_[i].entry; }
+    const ustring & dependency(int i) const { return dependencies_[i]; }
+
+    static constexpr int none = -1;
 
 private:
     struct domain {
         const top_entry * entry;
-        int next; // the next one of the same name, or -1
-        bool out = false;
-    };
-    struct slot {
-        const ustring * name = nullptr;
-        int first = -1;
+        unsigned hash;
+        int next; // of its chain
+        bool out;
     };
 
-    slot & slot_of(const ustring & name)
+    static unsigned hash(const ustring & name)
     {
-        const std::u16string_view text(name.data(), name.length());
-        std::size_t at = std::hash<std::u16string_view>{}(text) & (slot_count_ - 1);
-        while (slots_[at].name && *slots_[at].name != name)
-            at = (at + 1) & (slot_count_ - 1);
-        return slots_[at];
+        return static_cast<unsigned>(std::hash<std::u16string_view>{}({name.data(), name.length()}));
     }
+    int & chain_of(unsigned hash) { return chains_[hash & (chain_count_ - 1)]; }
 
-    int count_ = 0;
-    std::size_t slot_count_ = 2;
+    int size_ = 0;
+    std::size_t chain_count_ = 1;
     std::unique_ptr<domain[]> domains_;
-    std::unique_ptr<slot[]> slots_;
+    std::unique_ptr<ustring[]> dependencies_;
+    std::unique_ptr<int[]> chains_; // the first domain of each
 };
 
-/// Takes out of `topv` the domains whose dependency, the item of the same index in `dependencies`, is not
-/// there when their turn comes. False when memory is short.
-bool check_dependencies(const call_trace & trace, vector & topv, const vector & dependencies)
+/// Takes out of `topv`, which ends in the domains of `finder`, those whose dependency is not there when their
+/// turn comes. False when memory is short.
+bool check_dependencies(const call_trace & trace, vector & topv, domain_finder & finder)
 {
-    domain_finder finder;
-    std::unique_ptr<int[]> index(new (std::nothrow) int[topv.size()]); // of the domains looked at so far
-    if (!index || !finder.build(topv))
+    const auto count = static_cast<unsigned>(finder.size());
+    std::unique_ptr<int[]> index(new (std::nothrow) int[count]); // of the domains looked at so far
+    if (!index)
         return false;
-    const int count = static_cast<int>(topv.size());
-    codable ** const items = topv.items();
+    finder.link();
+    const unsigned others = topv.size() - count; // none, by the rules of the call
+    codable ** const items = topv.items() + others;
     int kept = 0; // the index at which the domain in hand stands, those taken out not counted
-    for (int number = 0; number < count; ++number) {
-        const auto * const dependency =
-            static_cast<const ustring *>(dependencies[static_cast<unsigned>(number)]);
-        const bool depends = dependency && dependency->length() != 0;
+    for (int number = 0; number < finder.size(); ++number) {
+        const ustring & dependency = finder.dependency(number);
+        const bool depends = dependency.length() != 0;
         index[number] = kept;
-        const int found = depends ? finder.find(*dependency) : -1;
-        if (!depends || found >= 0) {
+        const int found = depends ? finder.find(dependency) : finder.none;
+        if (!depends || found != finder.none) {
             if (depends)
-                trace.info("Valid dependency found: <%d,%s> by <%d,%s>", kept, *dependency,
+                trace.info("Valid dependency found: <%d,%s> by <%d,%s>", kept, dependency,
                            found <= number ? index[found] : found - (number - kept),
                            finder.entry(found).domain_name);
             std::swap(items[kept++], items[number]);
             continue;
         }
         const ustring & name = finder.entry(number).domain_name;
-        trace.error("Invalid domaind dependency found <%d,%s,%s>", kept, name, *dependency);
-        log_message(messages::MSG0107, number, name, *dependency);
+        trace.error("Invalid domaind dependency found <%d,%s,%s>", kept, name, dependency);
+        log_message(messages::MSG0107, number, name, dependency);
         finder.take_out(number);
     }
-    topv.resize(static_cast<unsigned>(kept)); // those taken out have gathered at the back
+    topv.resize(others + static_cast<unsigned>(kept)); // those taken out have gathered at the back
     return true;
 }
 
@@ -182,7 +205,10 @@ short kt_file::load_top(ustring & server, vector & topv)
     trace.info("count = <%d>", count);
 
     memory_watch watch;
-    vector dependencies;
+    const ustring expected(expected_mode);
+    domain_finder finder;
+    if (!finder.reserve(count))
+        return trace.fail(code::no_keyval);
     ustring key;
     ustring value;
     for (int i = 0; i < count; ++i) {
@@ -199,7 +225,7 @@ short kt_file::load_top(ustring & server, vector & topv)
             server = build_server_rr(name);
         } else {
             const ustring mode = get_token(value, 2);
-            if (mode != expected_mode) {
+            if (mode != expected) {
                 trace.warning("Domain <%d,%s,%s> is not push", i, name, mode);
                 log_message(messages::MSG0108, i, name, mode);
             }
@@ -208,15 +234,17 @@ short kt_file::load_top(ustring & server, vector & topv)
             dep_path += build_server_rr(name);
         }
         trace.info("Dep = <%s , %s , %s> ", head, name, dep_path);
-        topv.push_back(make_domain(name, dep_path, head));
-        dependencies.push_back(make<ustring>(dependency));
+        top_entry * const domain = make_domain(name, std::move(dep_path), head);
+        topv.push_back(domain);
+        if (!watch.failed())
+            finder.add(*domain, std::move(dependency));
         if (watch.failed()) {
             topv.resize(static_cast<unsigned>(i));
             return trace.fail(code::no_keyval);
         }
     }
     print_topv(topv, "load_top_after_loading");
-    if (!check_dependencies(trace, topv, dependencies))
+    if (!check_dependencies(trace, topv, finder))
         return trace.fail(code::no_keyval);
     print_topv(topv, "load_top_after_depcheck");
     return trace.leave(code::success);

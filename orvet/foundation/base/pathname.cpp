@@ -16,20 +16,26 @@ bool ends_in_separator(const ustring & path)
     return path.length() != 0 && path.find_first_of(separators, path.length() - 1, 2) != ustring::npos;
 }
 
+/// Adds to `path`, which does not hold `element` itself.
+void join(ustring & path, const ustring & element, char16_t separator)
+{
+    if (element.length() == 0)
+        return;
+    const unsigned name = element.find_first_not_of(separators, 0, 2);
+    if (path.length() != 0 && !ends_in_separator(path)) {
+        const char native[] = {static_cast<char>(separator), 0};
+        path.append(native);
+    }
+    if (name != ustring::npos)
+        path.insert(path.length(), element, name);
+}
+
 } // namespace
 
 ustring join_path(const ustring & path, const ustring & element, char16_t separator)
 {
     ustring result(path);
-    if (element.length() == 0)
-        return result;
-    const unsigned name = element.find_first_not_of(separators, 0, 2);
-    if (path.length() != 0 && !ends_in_separator(path)) {
-        const char native[] = {static_cast<char>(separator), 0};
-        result.append(native);
-    }
-    if (name != ustring::npos)
-        result.insert(result.length(), element, name);
+    join(result, element, separator);
     return result;
 }
 
@@ -39,12 +45,27 @@ pathname & pathname::operator=(const ustring & text)
     return *this;
 }
 
+pathname & pathname::operator=(ustring && text) noexcept
+{
+    text_ = std::move(text);
+    return *this;
+}
+
+pathname & pathname::operator=(const char * text)
+{
+    text_.assign(text);
+    return *this;
+}
+
 pathname & pathname::operator+=(const ustring & element)
 {
+    if (&element == &text_)
+        return *this += ustring(element);
     memory_watch watch;
-    ustring joined = join_path(text_, element, platform::separator);
-    if (!watch.failed())
-        text_ = std::move(joined);
+    const unsigned before = text_.length();
+    join(text_, element, platform::separator);
+    if (watch.failed())
+        text_.remove(before);
     return *this;
 }
 

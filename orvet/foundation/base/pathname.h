@@ -20,7 +20,8 @@ public:
     pathname & operator=(const pathname & other) = default;
     pathname & operator=(pathname && other) noexcept = default;
     pathname & operator=(const ustring & text);
-    pathname & operator=(const char * text) { return *this = ustring(text); }
+    pathname & operator=(ustring && text) noexcept;
+    pathname & operator=(const char * text);
     ///@}
 
     /// Adds an element with exactly one native separator in front of it. `/` and `\` both count as

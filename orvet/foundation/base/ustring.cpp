@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <experimental/simd>
 #include <functional>
 #include <limits>
 #include <string_view>
@@ -123,7 +124,7 @@ void ustring::drop() noexcept
 }
 
 /// Makes room for `units`, and keeps the present text if `keep`; else only the room counts.
-bool ustring::reserve(unsigned units, bool keep)
+inline bool ustring::reserve(unsigned units, bool keep)
 {
     if (units <= capacity_)
         return true;
@@ -131,7 +132,7 @@ bool ustring::reserve(unsigned units, bool keep)
         ++memory_failures;
         return false;
     }
-    const unsigned room = std::max(units, capacity_ + capacity_ / 2);
+    const unsigned room = std::max(units, capacity_ + capacity_ / 2) | (utf8::block - 1);
     auto * fresh = allocate<char16_t>(std::size_t{room} + 1);
     if (!fresh)
         return false;
@@ -170,14 +171,19 @@ void ustring::set_length(unsigned units) noexcept
     bytes_length_ = stale;
 }
 
-/// Replaces the text by what the bytes say; they are not those of this object's own text.
-bool ustring::decode(const char * bytes, std::size_t count)
+/// Replaces the text by what `count` bytes say, which are not those of this object's own text; `readable` may
+/// be looked at.
+inline bool ustring::decode(const char * bytes, std::size_t count, std::size_t readable)
 {
     if (count > longest || !reserve(static_cast<unsigned>(count), false)) {
         memory_failures += count > longest;
         return false;
     }
-    set_length(static_cast<unsigned>(utf8::decode(bytes, count, units_)));
+    readable = std::min<std::size_t>(readable, capacity_ + 1);
+    std::size_t units = utf8::widen_ascii(bytes, count, readable, units_);
+    if (units < count)
+        units += utf8::decode(bytes + units, count - units, readable - units, units_ + units);
+    set_length(static_cast<unsigned>(units));
     return true;
 }
 
@@ -211,7 +217,8 @@ ustring & ustring::assign(const char * text)
 {
     if (text && text >= bytes_ && text < bytes_ + bytes_capacity_) // one's own multi-byte form
         return *this = ustring(text);
-    decode(text ? text : "", text ? std::strlen(text) : 0);
+    const std::size_t count = text ? std::strlen(text) : 0;
+    decode(text ? text : "", count, count);
     return *this;
 }
 
@@ -335,28 +342,47 @@ bool ustring::begins_with(const char * ascii) const noexcept
     return *ascii == 0;
 }
 
-bool ustring::equals(const ustring & other) const noexcept
+bool ustring::equals(const ustring & as_long) const noexcept
 {
-    return length_ == other.length_ && std::memcmp(units_, other.units_, length_ * sizeof(char16_t)) == 0;
+    return std::memcmp(units_, as_long.units_, length_ * sizeof(char16_t)) == 0;
 }
 
-/// The text of the line in front of `feed`; not 0 when there was memory for it.
-int ustring::take_line(const char * begin, const char * feed)
+namespace {
+
+/// Where the line ends that `ahead` begins with; null when it is not in there. A call of `memchr` would take
+/// longer than looking through a common line does.
+inline const char * find_feed(const platform::read_ahead & ahead)
+{
+    namespace simd = std::experimental;
+    using block = simd::simd<char, simd::simd_abi::deduce_t<char, utf8::block>>;
+    constexpr std::ptrdiff_t step = block::size();
+    const char * at = ahead.begin;
+    for (; ahead.end - at >= step; at += step)
+        if (const auto feeds = block(at, simd::element_aligned) == '\n'; any_of(feeds))
+            return at + find_first_set(feeds);
+    while (at != ahead.end && *at != '\n')
+        ++at;
+    return at != ahead.end ? at : nullptr;
+}
+
+} // namespace
+
+/// The text of the line in front of `feed`; not 0 when there was memory for it. Up to `end` may be looked at.
+inline int ustring::take_line(const char * begin, const char * feed, const char * end)
 {
     const bool carriage_return = feed != begin && feed[-1] == '\r';
-    return decode(begin, static_cast<std::size_t>(feed - begin) - carriage_return) ? 1 : 0;
+    const std::size_t length = static_cast<std::size_t>(feed - begin) - carriage_return;
+    return decode(begin, length, static_cast<std::size_t>(end - begin)) ? 1 : 0;
 }
 
 int ustring::getline(std::FILE * stream)
 {
     // A line that lies whole in the stream's buffer is decoded where it lies.
     const platform::read_ahead ahead = platform::look_ahead(stream);
-    const auto left = static_cast<std::size_t>(ahead.end - ahead.begin);
-    const auto * const feed =
-        static_cast<const char *>(left != 0 ? std::memchr(ahead.begin, '\n', left) : nullptr);
+    const char * const feed = find_feed(ahead);
     if (!feed)
         return gather_line(stream);
-    const int read = take_line(ahead.begin, feed);
+    const int read = take_line(ahead.begin, feed, ahead.end);
     platform::advance(stream, static_cast<std::size_t>(feed - ahead.begin) + 1);
     return read;
 }
@@ -372,8 +398,8 @@ int ustring::gather_line(std::FILE * stream)
         const platform::read_ahead ahead = platform::look_ahead(stream);
         const auto left = static_cast<std::size_t>(ahead.end - ahead.begin);
         if (left == 0)
-            return gathered != 0 && decode(room, gathered) ? 1 : 0;
-        const auto * const feed = static_cast<const char *>(std::memchr(ahead.begin, '\n', left));
+            return gathered != 0 && decode(room, gathered, gathered) ? 1 : 0;
+        const char * const feed = find_feed(ahead);
         const std::size_t piece = feed ? static_cast<std::size_t>(feed - ahead.begin) : left;
         if (gathered + piece > sizeof short_line) {
             bytes_length_ = stale;
@@ -387,7 +413,7 @@ int ustring::gather_line(std::FILE * stream)
         gathered += piece;
         platform::advance(stream, piece + (feed ? 1 : 0));
         if (feed)
-            return take_line(room, room + gathered);
+            return take_line(room, room + gathered, room + gathered);
     }
 }
 
@@ -426,7 +452,7 @@ codable * ustring::clone()
 int ustring::operator==(const codable & other) const
 {
     const auto * text = dynamic_cast<const ustring *>(&other);
-    return text && equals(*text) ? 1 : 0;
+    return text && *this == *text ? 1 : 0;
 }
 
 long ustring::codable_version() const

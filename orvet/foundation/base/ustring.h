@@ -104,29 +104,32 @@ public:
 
     ///@{
     /// The same rule, also where the class of only one side is known.
-    friend bool operator==(const ustring & a, const ustring & b) noexcept { return a.equals(b); }
+    friend bool operator==(const ustring & a, const ustring & b) noexcept
+    {
+        return a.length_ == b.length_ && a.equals(b);
+    }
     friend bool operator==(const codable & a, const ustring & b) { return a.operator==(b) != 0; }
     friend bool operator!=(const codable & a, const ustring & b) { return a.operator==(b) == 0; }
     friend bool operator!=(const ustring & a, const codable & b) { return a.operator==(b) == 0; }
-    friend bool operator!=(const ustring & a, const ustring & b) noexcept { return !a.equals(b); }
+    friend bool operator!=(const ustring & a, const ustring & b) noexcept { return !(a == b); }
     ///@}
 
 protected:
     long codable_version() const override;
 
 private:
-    enum : unsigned { inside = 15 };  // units kept inside the object
+    enum : unsigned { inside = 15 };  // units kept inside the object; with the closing zero a whole block
     enum : unsigned { stale = npos }; // a length: the multi-byte form is not that of the text
 
-    bool equals(const ustring & other) const noexcept;
+    bool equals(const ustring & as_long) const noexcept;
     bool is_inside() const noexcept { return units_ == inside_; }
     void take(ustring & other) noexcept;
     void drop() noexcept;
     bool reserve(unsigned units, bool keep);
     bool reserve_bytes(std::size_t bytes, std::size_t keep) const;
     void set_length(unsigned units) noexcept;
-    bool decode(const char * bytes, std::size_t count);
-    int take_line(const char * begin, const char * feed);
+    bool decode(const char * bytes, std::size_t count, std::size_t readable);
+    int take_line(const char * begin, const char * feed, const char * end);
     int gather_line(std::FILE * stream);
     ustring & splice(unsigned pos, unsigned removed, const char16_t * text, unsigned n);
     template <class Change>

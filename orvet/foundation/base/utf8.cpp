@@ -1,9 +1,5 @@
 #include "orvet/foundation/base/utf8.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <cstring>
-
 namespace orvet::utf8 {
 
 namespace {
@@ -71,31 +67,7 @@ char * put(char * out, char32_t code)
     return out;
 }
 
-/// Widens the ASCII characters that the bytes begin with, and gives how many there are. Works in blocks,
-/// which the compiler turns into vector code; the last one overlaps the one in front of it, for want of a
-/// whole one.
-std::size_t widen_ascii(const unsigned char * bytes, std::size_t count, char16_t * units)
-{
-    constexpr std::size_t block = 16;
-    std::size_t done = 0;
-    while (count >= block && done < count) {
-        const std::size_t at = std::min(done, count - block);
-        unsigned char taken[block];
-        std::memcpy(taken, bytes + at, block);
-        std::uint64_t seen[2];
-        std::memcpy(seen, taken, block);
-        if ((seen[0] | seen[1]) & 0x8080808080808080U)
-            break;
-        for (std::size_t i = 0; i < block; ++i)
-            units[at + i] = taken[i];
-        done = at + block;
-    }
-    for (; done < count && bytes[done] < 0x80; ++done)
-        units[done] = bytes[done];
-    return done;
-}
-
-/// The way back, by the same means.
+/// Narrows the units, right for ASCII alone: false when there is something else.
 bool narrow_ascii(const char16_t * units, std::size_t count, char * bytes)
 {
     char16_t seen = 0;
@@ -108,31 +80,32 @@ bool narrow_ascii(const char16_t * units, std::size_t count, char * bytes)
 
 } // namespace
 
-std::size_t decode(const char * bytes, std::size_t count, char16_t * units) noexcept
+std::size_t decode(const char * bytes, std::size_t count, std::size_t readable, char16_t * units) noexcept
 {
-    const auto * at = reinterpret_cast<const unsigned char *>(bytes);
-    const unsigned char * const end = at + count;
+    const char * at = bytes;
+    const char * const end = bytes + count;
     char16_t * out = units;
-    for (;;) {
-        const std::size_t plain = widen_ascii(at, static_cast<std::size_t>(end - at), out);
-        at += plain;
-        out += plain;
-        if (at == end)
-            break;
-        do {
-            const character found = read_character(at, static_cast<std::size_t>(end - at));
-            if (found.bytes == 0) {
-                *out++ = static_cast<char16_t>(escape_base + *at++);
-                continue;
-            }
-            if (found.code < 0x10000) {
-                *out++ = static_cast<char16_t>(found.code);
-            } else {
-                *out++ = static_cast<char16_t>(0xD800 + ((found.code - 0x10000) >> 10));
-                *out++ = static_cast<char16_t>(0xDC00 + (found.code & 0x3FF));
-            }
-            at += found.bytes;
-        } while (at != end && *at >= 0x80);
+    while (at != end) {
+        const auto left = static_cast<std::size_t>(end - at);
+        const character found = read_character(reinterpret_cast<const unsigned char *>(at), left);
+        if (found.bytes == 1) {
+            const std::size_t plain =
+                widen_ascii(at, left, readable - static_cast<std::size_t>(at - bytes), out);
+            at += plain;
+            out += plain;
+            continue;
+        }
+        if (found.bytes == 0) {
+            *out++ = static_cast<char16_t>(escape_base + static_cast<unsigned char>(*at++));
+            continue;
+        }
+        if (found.code < 0x10000) {
+            *out++ = static_cast<char16_t>(found.code);
+        } else {
+            *out++ = static_cast<char16_t>(0xD800 + ((found.code - 0x10000) >> 10));
+            *out++ = static_cast<char16_t>(0xDC00 + (found.code & 0x3FF));
+        }
+        at += found.bytes;
     }
     return static_cast<std::size_t>(out - units);
 }

@@ -2,6 +2,8 @@
 #define ORVET_FOUNDATION_BASE_UTF8_H
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 // The two forms of a text. A byte that is no part of valid UTF-8 becomes the unit U+DC00 + byte and turns
 // back into that byte, so any sequence of bytes survives the way there and back.
@@ -24,8 +26,33 @@ constexpr bool is_low(char16_t unit) noexcept
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-/// Turns bytes into units; `units` has room for one unit a byte. Gives the number of units.
-std::size_t decode(const char * bytes, std::size_t count, char16_t * units) noexcept;
+/// Texts are widened in blocks of that many characters.
+inline constexpr std::size_t block = 16;
+
+/// Widens the ASCII characters that the bytes begin with and gives how many there are, at most `count`. Looks
+/// at up to `readable` bytes, at least `count`, and `units` has room for as many: the compiler makes vector
+/// code of a block, and the last one runs over the end where that saves cutting it to size.
+inline std::size_t widen_ascii(const char * bytes, std::size_t count, std::size_t readable,
+                               char16_t * units) noexcept
+{
+    std::size_t done = 0;
+    for (; done < count && done + block <= readable; done += block) {
+        unsigned char taken[block];
+        std::memcpy(taken, bytes + done, block);
+        std::uint64_t seen[2];
+        std::memcpy(seen, bytes + done, block);
+        if ((seen[0] | seen[1]) & 0x8080808080808080U)
+            break;
+        for (std::size_t i = 0; i < block; ++i)
+            units[done + i] = taken[i];
+    }
+    for (; done < count && static_cast<unsigned char>(bytes[done]) < 0x80; ++done)
+        units[done] = static_cast<unsigned char>(bytes[done]);
+    return done < count ? done : count;
+}
+
+/// Turns bytes into units and gives the number of these; `readable` and `units` as above.
+std::size_t decode(const char * bytes, std::size_t count, std::size_t readable, char16_t * units) noexcept;
 
 /// Turns units into bytes; `bytes` has room for three bytes a unit. Gives the number of bytes.
 std::size_t encode(const char16_t * units, std::size_t count, char * bytes) noexcept;

@@ -26,13 +26,24 @@ vector & vector::operator=(const vector & other)
     std::swap(size_, copy.size_);
     std::swap(capacity_, copy.capacity_);
     std::swap(items_, copy.items_);
+    std::swap(single_, copy.single_);
+    if (items_ == &copy.single_)
+        items_ = &single_;
+    if (copy.items_ == &single_)
+        copy.items_ = &copy.single_;
     return *this;
 }
 
 vector::~vector()
 {
     resize(0);
-    release(items_);
+    drop();
+}
+
+void vector::drop() noexcept
+{
+    if (items_ != &single_)
+        release(items_);
 }
 
 void vector::let_go(codable * item)
@@ -50,7 +61,7 @@ bool vector::reserve(unsigned n)
     if (!fresh)
         return false;
     std::copy(items_, items_ + size_, fresh);
-    release(items_);
+    drop();
     items_ = fresh;
     capacity_ = room;
     return true;

@@ -41,10 +41,12 @@ protected:
 private:
     static void let_go(codable * item);
     bool reserve(unsigned n);
+    void drop() noexcept;
 
     unsigned size_ = 0;
-    unsigned capacity_ = 0;
-    codable ** items_ = nullptr;
+    unsigned capacity_ = 1;
+    codable ** items_ = &single_;
+    codable * single_ = nullptr; // a row of one needs no memory of its own
 };
 
 } // namespace orvet

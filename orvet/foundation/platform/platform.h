@@ -19,10 +19,42 @@ struct read_ahead {
     const char * end;
 };
 
-/// Fills the stream's buffer if it is empty and shows what stands in it, without taking any of it.
-read_ahead look_ahead(std::FILE * stream);
-/// Takes `bytes` of what `look_ahead` showed.
-void advance(std::FILE * stream, std::size_t bytes);
+///@{
+/// Where the runtime keeps it.
+#ifdef _WIN32
+inline read_ahead unread(std::FILE * stream)
+{
+    const bool reads = !(stream->_flag & _IOWRT); // else it is yet to be written
+    return {stream->_ptr, stream->_ptr + (reads && stream->_cnt > 0 ? stream->_cnt : 0)};
+}
+inline void advance(std::FILE * stream, std::size_t bytes)
+{
+    stream->_ptr += bytes;
+    stream->_cnt -= static_cast<int>(bytes);
+}
+#else
+inline read_ahead unread(std::FILE * stream)
+{
+    return {stream->_IO_read_ptr, stream->_IO_read_end};
+}
+inline void advance(std::FILE * stream, std::size_t bytes)
+{
+    stream->_IO_read_ptr += bytes;
+}
+#endif
+///@}
+
+/// Reads ahead by the runtime's own rules, where nothing is left unread.
+void fill(std::FILE * stream);
+
+/// Shows what is to be read next, without taking any of it: that is for `advance`.
+inline read_ahead look_ahead(std::FILE * stream)
+{
+    if (const read_ahead ahead = unread(stream); ahead.begin != ahead.end)
+        return ahead;
+    fill(stream);
+    return unread(stream);
+}
 
 /// Opens a file as `fopen` does, but refuses directories, and no command that the process runs inherits the
 /// stream. A stream for reading alone, with neither "b" nor "t" in its mode, reads bytes. One that reads may

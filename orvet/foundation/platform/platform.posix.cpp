@@ -37,20 +37,10 @@ constexpr int foreign_buffer = 1; // the flag of a stream whose buffer the runti
 
 } // namespace
 
-read_ahead look_ahead(std::FILE * stream)
+void fill(std::FILE * stream)
 {
-    if (stream->_IO_read_ptr == stream->_IO_read_end) {
-        // One character through the front door fills the buffer by the runtime's own rules.
-        const int first = std::getc(stream);
-        if (first == EOF || std::ungetc(first, stream) == EOF)
-            return {nullptr, nullptr};
-    }
-    return {stream->_IO_read_ptr, stream->_IO_read_end};
-}
-
-void advance(std::FILE * stream, std::size_t bytes)
-{
-    stream->_IO_read_ptr += bytes;
+    if (const int first = std::getc(stream); first != EOF)
+        std::ungetc(first, stream);
 }
 
 std::FILE * open_stream(const ustring & path, const char * mode)

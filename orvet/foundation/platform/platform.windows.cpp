@@ -71,23 +71,12 @@ private:
 
 } // namespace
 
-read_ahead look_ahead(std::FILE * stream)
+void fill(std::FILE * stream)
 {
     if (stream->_flag & _IOWRT) // what stands in its buffer is yet to be written
-        return {nullptr, nullptr};
-    if (stream->_cnt <= 0) {
-        // One character through the front door fills the buffer by the runtime's own rules.
-        const int first = std::getc(stream);
-        if (first == EOF || std::ungetc(first, stream) == EOF)
-            return {nullptr, nullptr};
-    }
-    return {stream->_ptr, stream->_ptr + stream->_cnt};
-}
-
-void advance(std::FILE * stream, std::size_t bytes)
-{
-    stream->_ptr += bytes;
-    stream->_cnt -= static_cast<int>(bytes);
+        return;
+    if (const int first = std::getc(stream); first != EOF)
+        std::ungetc(first, stream);
 }
 
 std::FILE * open_stream(const ustring & path, const char * mode)
