@@ -15,6 +15,15 @@ namespace {
 
 constexpr int option_count = 30;
 
+/// The position of an option. A name that is none does not compile.
+consteval int index_of(const char * name)
+{
+    const int i = index_in(ip_names, name);
+    if (i == option_count)
+        throw "there is no such option";
+    return i;
+}
+
 enum : short {
     taken = 0,
     unknown_option = 1,
@@ -54,12 +63,12 @@ void store(int & field, const char * value)
 
 void store(ustring & field, const char * value)
 {
-    field = ustring(value);
+    field.assign(value);
 }
 
 void store(pathname & field, const char * value)
 {
-    field = pathname(value);
+    field = value;
 }
 
 void store(ustring & field, const char * value, const keyword_rule & rule)
@@ -235,7 +244,7 @@ void input_parms::set_ip(const char * name)
 {
     const int option = index_in(ip_names, name);
     if (ip_names[option])
-        ip_flags_[option] = 1;
+        mark(option);
 }
 
 int input_parms::ip(const char * name) const
@@ -276,181 +285,181 @@ int & input_parms::ip_t_global()
 void input_parms::set_ip_log_level(const char * value)
 {
     store(ip_log_level_, value);
-    set_ip("-log");
+    mark(index_of("-log"));
 }
 
 void input_parms::set_ip_trace_level(const char * value)
 {
     store(ip_trace_level_, value);
-    set_ip("-trc");
+    mark(index_of("-trc"));
 }
 
 void input_parms::set_ip_op_sys(const char * value)
 {
-    set_ip("-osys");
+    mark(index_of("-osys"));
     store(ip_op_sys(), value, op_sys_rule);
 }
 
 void input_parms::set_ip_file_name(const char * value)
 {
     store(ip_file_name(), value);
-    set_ip("-ini");
+    mark(index_of("-ini"));
 }
 
 void input_parms::set_ip_base_cmd(const char * value)
 {
     store(ip_base_cmd(), value);
-    set_ip("-rcmd");
+    mark(index_of("-rcmd"));
 }
 
 void input_parms::set_ip_obj_type(const char * value)
 {
-    set_ip("-tobj");
+    mark(index_of("-tobj"));
     store(ip_obj_type_, value, obj_type_rule);
 }
 
 void input_parms::set_ip_uvxinstp()
 {
     ip_uvxinstp_ = 1;
-    set_ip("-uvxp");
+    mark(index_of("-uvxp"));
 }
 
 void input_parms::set_ip_trg_name(const char * value)
 {
     store(ip_trg_name_, value);
-    set_ip("-trg");
+    mark(index_of("-trg"));
 }
 
 void input_parms::set_ip_top_root(const char * value)
 {
     store(ip_top_root_, value);
-    set_ip("-top");
+    mark(index_of("-top"));
 }
 
 void input_parms::set_ip_force()
 {
     ip_force_ = 1;
-    set_ip("-force");
+    mark(index_of("-force"));
 }
 
 void input_parms::set_ip_cmd(const char * value)
 {
     store(ip_cmd_, value);
-    set_ip("-cmd");
+    mark(index_of("-cmd"));
 }
 
 void input_parms::set_ip_key(const char * value)
 {
     store(ip_key_, value);
-    set_ip("-key");
+    mark(index_of("-key"));
 }
 
 void input_parms::set_ip_h_global()
 {
     ip_h_global() = 1;
-    set_ip("-gh");
+    mark(index_of("-gh"));
 }
 
 void input_parms::set_ip_t_global()
 {
     ip_t_global() = 1;
-    set_ip("-gt");
+    mark(index_of("-gt"));
 }
 
 void input_parms::set_ip_usr_name(const char * value)
 {
     store(ip_usr_name_, value);
-    set_ip("-usr");
+    mark(index_of("-usr"));
 }
 
 void input_parms::set_ip_prf_name(const char * value)
 {
     store(ip_prf_name_, value);
-    set_ip("-prf");
+    mark(index_of("-prf"));
 }
 
 void input_parms::set_ip_grp_name(const char * value)
 {
     store(ip_grp_name_, value);
-    set_ip("-gp");
+    mark(index_of("-gp"));
 }
 
 void input_parms::set_ip_tool_name(const char * value)
 {
     store(ip_tool_name_, value);
-    set_ip("-tool");
+    mark(index_of("-tool"));
 }
 
 void input_parms::set_ip_obj_file_name(const char * value)
 {
     store(ip_obj_file_name_, value);
-    set_ip("-obj");
+    mark(index_of("-obj"));
 }
 
 void input_parms::set_ip_input_file(const char * value)
 {
     store(ip_input_file_, value);
-    set_ip("-file");
+    mark(index_of("-file"));
 }
 
 void input_parms::set_ip_srv_name(const char * value)
 {
     store(ip_srv_name_, value);
-    set_ip("-srv");
+    mark(index_of("-srv"));
 }
 
 void input_parms::set_ip_input_dir(const char * value)
 {
     store(ip_input_dir_, value);
-    set_ip("-dir");
+    mark(index_of("-dir"));
 }
 
 void input_parms::set_ip_pro_name(const char * value)
 {
     store(ip_pro_name_, value);
-    set_ip("-pro");
+    mark(index_of("-pro"));
 }
 
 void input_parms::set_ip_gfn_name(const char * value)
 {
     store(ip_gfn_name_, value);
-    set_ip("-gfn");
+    mark(index_of("-gfn"));
 }
 
 void input_parms::set_ip_resgf_name(const char * value)
 {
     store(ip_resgf_name_, value);
-    set_ip("-resgf");
+    mark(index_of("-resgf"));
 }
 
 void input_parms::set_ip_ret_val(const char * value)
 {
-    set_ip("-ret");
+    mark(index_of("-ret"));
     store(ip_ret_val_, value, ret_val_rule);
 }
 
 void input_parms::set_ip_type(const char * value)
 {
-    set_ip("-type");
+    mark(index_of("-type"));
     store(ip_type_, value, type_rule);
 }
 
 void input_parms::set_ip_tokens_file(const char * value)
 {
     store(ip_tokens_file_, value);
-    set_ip("-ftok");
+    mark(index_of("-ftok"));
 }
 
 void input_parms::set_ip_out_dir(const char * value)
 {
     store(ip_out_dir_, value);
-    set_ip("-odir");
+    mark(index_of("-odir"));
 }
 
 void input_parms::set_ip_vxa_images(const char * value)
 {
     store(ip_vxa_images_, value);
-    set_ip("-vxai");
+    mark(index_of("-vxai"));
 }
 
 } // namespace orvet

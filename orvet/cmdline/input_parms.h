@@ -139,6 +139,8 @@ public:
     ///@}
 
 private:
+    void mark(int option) { ip_flags_[option] = 1; }
+
     int ip_log_level_;
     int ip_trace_level_;
     ustring ip_obj_type_;

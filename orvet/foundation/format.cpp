@@ -62,12 +62,7 @@ long long fitted(const conversion & as, long long value)
 
 void put_value(writer & out, const conversion & as, const argument & value)
 {
-    // Flags, width and precision are printf's business; only the size is brought to one form.
-    char spec[32];
-    const char * flags_end = as.begin + 1;
-    while (std::strchr("-+ #0123456789.", *flags_end) && *flags_end)
-        ++flags_end;
-    const int flags = static_cast<int>(std::min<std::ptrdiff_t>(flags_end - as.begin, 20));
+    const int flags = static_cast<int>(std::min<std::ptrdiff_t>(as.flags - as.begin, 20));
     if (value.is_text() && flags == 1)
         return out.put(value.text(), std::strlen(value.text()));
 
@@ -76,6 +71,8 @@ void put_value(writer & out, const conversion & as, const argument & value)
         const char * const end = std::to_chars(text, text + sizeof text, fitted(as, value.number())).ptr;
         return out.put(text, static_cast<std::size_t>(end - text));
     }
+    // Flags, width and precision are printf's business; only the size is brought to one form.
+    char spec[32];
     std::snprintf(spec, sizeof spec, "%.*s%s%c", flags, as.begin,
                   value.is_text() || as.kind == 'c' ? "" : "ll", as.kind);
     const int length = value.is_text() ? std::snprintf(text, sizeof text, spec, value.text())
@@ -121,11 +118,9 @@ char * format_message(const char * format, const argument * arguments, std::size
     std::size_t taken = 0;
     while (!out.full()) {
         const conversion next = next_conversion(format);
-        if (!next.found) {
-            out.put(format, std::strlen(format));
-            break;
-        }
         out.put(format, static_cast<std::size_t>(next.begin - format));
+        if (!next.found)
+            break;
         if (next.kind == '%')
             out.put("%", 1);
         else if (taken < count)

@@ -51,7 +51,8 @@ concept format_argument = text_argument<T> || std::integral<T>;
 /// width, precision and the sizes hh, h, l and ll; and the bare %l, which is %ld. %% is a percent sign.
 struct conversion {
     bool found;         ///< false when there is no further one
-    const char * begin; ///< its "%"
+    const char * begin; ///< its "%"; the end of the format when there is none
+    const char * flags; ///< the end of its flags, width and precision
     const char * end;   ///< behind its last character
     char size;          ///< 'H' for hh, 'h', 'l', 'L' for ll, or 0
     char kind;          ///< the last letter; 0 for one that is unknown or ends too soon
@@ -68,10 +69,11 @@ constexpr conversion next_conversion(const char * format)
     while (*format && *format != '%')
         ++format;
     if (!*format)
-        return {false, format, format, 0, 0};
+        return {false, format, format, format, 0, 0};
     const char * at = format + 1;
     while (among(*at, "-+ #0123456789."))
         ++at;
+    const char * const flags = at;
     char size = 0;
     if (*at == 'h' || *at == 'l') {
         size = *at++;
@@ -81,10 +83,10 @@ constexpr conversion next_conversion(const char * format)
         }
     }
     if (among(*at, size == 0 ? "sdiuxXc%" : "diuxX"))
-        return {true, format, at + 1, size, *at};
+        return {true, format, flags, at + 1, size, *at};
     if (size == 'l')
-        return {true, format, at, size, 'd'};
-    return {true, format, at, size, 0};
+        return {true, format, flags, at, size, 'd'};
+    return {true, format, flags, at, size, 0};
 }
 
 /// A format that is held against the types of its arguments when it is compiled.

@@ -27,18 +27,48 @@ constexpr int silent = 6;
 // `wa()`, which opens the channel and puts its real first level in place.
 constexpr work_area untouched{std::numeric_limits<int>::min(), nullptr, {}, 0, 0, nullptr};
 
-/// Adds to a channel's line, and always leaves room for the line feed and the closing zero.
-void append(char (&line)[1024], const char * text)
+/// Adds to a channel's line from where it stands now, and always leaves room for the line feed and the closing
+/// zero.
+class assembly {
+public:
+    explicit assembly(char (&line)[1024]) : line_(line) {}
+
+    /// Goes on behind what is there, by somebody else as well: the line is open to tools.
+    void resume() { length_ = strnlen(line_, room); }
+    void add(const char * text, std::size_t length)
+    {
+        const std::size_t taken = length_ + length <= room ? length : utf8::cut(text, room - length_);
+        std::memcpy(line_ + length_, text, taken);
+        length_ += taken;
+    }
+    void add(const char * text) { add(text, text ? std::strlen(text) : 0); }
+    void close() { line_[length_] = 0; }
+    void end()
+    {
+        line_[length_++] = '\n';
+        close();
+    }
+
+private:
+    static constexpr std::size_t room = sizeof(work_area::line) - 2;
+    char * line_;
+    std::size_t length_ = 0;
+};
+
+/// The local time, as lines begin with it. The text of a second is made once.
+const char * current_time(std::size_t & length)
 {
-    constexpr std::size_t room = sizeof line - 2;
-    if (!text)
-        return;
-    const std::size_t begin = strnlen(line, room); // the line is open to tools, who may have filled it
-    line[begin] = 0;
-    const std::size_t length = std::strlen(text);
-    const std::size_t taken = begin + length <= room ? length : utf8::cut(text, room - begin);
-    std::memcpy(line + begin, text, taken);
-    line[begin + taken] = 0;
+    static std::time_t second = -1;
+    static char text[sizeof(work_area::line)];
+    static std::size_t text_length = 0;
+    const std::time_t now = std::time(nullptr);
+    if (now != second) {
+        const std::tm * const local = std::localtime(&now);
+        text_length = local ? std::strftime(text, sizeof text, "%c", local) : 0;
+        second = now;
+    }
+    length = text_length;
+    return text;
 }
 
 void open_channel(work_area & area, int first_level, const char * file_name)
@@ -75,9 +105,7 @@ int stdio_trace_stream::writeline(const char * line)
     if (!stream_)
         return -1;
     const std::size_t length = std::strlen(line);
-    const bool written = std::fwrite(line, 1, length, stream_) == length;
-    std::fflush(stream_);
-    return written ? static_cast<int>(length) : -1;
+    return platform::write_through(stream_, line, length) == length ? static_cast<int>(length) : -1;
 }
 
 void trace::set_level(work_area & wa, int level)
@@ -95,24 +123,18 @@ void trace::set_stream(work_area & wa, trace_stream * stream)
 
 void trace::write_current_time(work_area & wa)
 {
-    // The text of a second is made once: for all but the first line of it this is a copy.
-    static std::time_t second = -1;
-    static char text[sizeof wa.line];
-    const std::time_t now = std::time(nullptr);
-    if (now != second) {
-        const std::tm * const local = std::localtime(&now);
-        text[local ? std::strftime(text, sizeof text, "%c", local) : 0] = 0;
-        second = now;
-    }
-    *wa.line = 0;
-    append(wa.line, text);
+    write_header(wa, nullptr, nullptr);
 }
 
 void trace::write_header(work_area & wa, const char * severity, const char * name)
 {
-    write_current_time(wa);
-    append(wa.line, severity);
-    append(wa.line, name);
+    std::size_t length;
+    const char * const time = current_time(length);
+    assembly line(wa.line);
+    line.add(time, length);
+    line.add(severity);
+    line.add(name);
+    line.close();
 }
 
 char * trace::internal_write_text(const char * format, ...)
@@ -126,9 +148,11 @@ char * trace::internal_write_text(const char * format, ...)
 
 void trace::write_text(work_area & wa, const char * text, ...)
 {
-    append(wa.line, " ");
-    append(wa.line, text);
-    std::strcat(wa.line, "\n");
+    assembly line(wa.line);
+    line.resume();
+    line.add(" ", 1);
+    line.add(text);
+    line.end();
     if (wa.stream)
         wa.current_size += wa.stream->writeline(wa.line);
 }

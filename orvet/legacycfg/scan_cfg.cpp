@@ -60,6 +60,12 @@ struct neighbours {
     bool distinct; // else the configuration file itself would be overwritten or removed
 };
 
+/// Whether a line begins with a key, in any case.
+bool has_key(const ustring & line, const ustring & key)
+{
+    return line.compare(0, key.length(), key, 0, key.length(), 1) == 0;
+}
+
 /// Writes lines to a stream by the block, without memory of its own for any but the longest. Each operation
 /// is false when a write fails or memory is short.
 class line_writer {
@@ -155,19 +161,19 @@ bool scan_cfg::read_lines()
     } targets[] = {{workstation_key, name}, {protocol_key, protocol}};
 
     ustring line;
-    keyval rest;
     while (!watch.failed() && line.getline(cfg_stream_)) {
         line.strip(ustring::strip_both, u' ');
         if (line.length() == 0)
             continue;
-        rest.assign(line);
-        const bool is_server = rest.getval(server) == 0;
-        (is_server ? server_lines_ : generic_lines_).push_back(make<ustring>(line));
+        const bool is_server = has_key(line, server);
         for (const auto & target : targets)
-            if (!is_server && rest.getval(target.key) == 0) {
+            if (!is_server && has_key(line, target.key)) {
+                keyval rest(line);
+                rest.getval(target.key);
                 target.value.assign(rest);
                 break;
             }
+        (is_server ? server_lines_ : generic_lines_).push_back(make<ustring>(std::move(line)));
     }
     // What ended too early must never be taken for the whole file and written back.
     if (watch.failed() || std::ferror(cfg_stream_)) {
@@ -279,7 +285,7 @@ void scan_cfg::fill_vector(vector & out) const
     const ustring workstation(workstation_key);
     for (unsigned i = 0; i < generic_lines_.size(); ++i) {
         const ustring & line = line_at(generic_lines_, i);
-        if (line.compare(0, workstation.length(), workstation, 0, workstation.length(), 1) == 0)
+        if (has_key(line, workstation))
             continue;
         const unsigned colon = line.find(u':');
         ustring key(line, 0, colon);

@@ -62,6 +62,8 @@ inline read_ahead look_ahead(std::FILE * stream)
 std::FILE * open_stream(const ustring & path, const char * mode);
 /// Closes a stream of `open_stream`, as `fclose` does.
 int close_stream(std::FILE * stream);
+/// Writes as `fwrite` does, with its result, and flushes.
+std::size_t write_through(std::FILE * stream, const char * bytes, std::size_t size);
 /// Removes a file, never a directory. 0 for success.
 int remove_file(const ustring & path);
 /// 0 for success. Whether an existing `to` is replaced is the system's affair.

@@ -78,6 +78,19 @@ int close_stream(std::FILE * stream)
     return result;
 }
 
+std::size_t write_through(std::FILE * stream, const char * bytes, std::size_t size)
+{
+    // An empty buffer would only take a copy ahead of the same call.
+    const int file = stream->_IO_write_ptr == stream->_IO_write_base ? fileno(stream) : -1;
+    const ssize_t taken = file >= 0 ? write(file, bytes, size) : 0;
+    std::size_t done = taken > 0 ? static_cast<std::size_t>(taken) : 0;
+    if (done < size) {
+        done += std::fwrite(bytes + done, 1, size - done, stream);
+        std::fflush(stream);
+    }
+    return done;
+}
+
 int remove_file(const ustring & path)
 {
     const char * const name = native(path);
@@ -112,8 +125,10 @@ int copy_permissions(const ustring & from, std::FILE * stream)
         return 0;
     // Whoever may not give a file away may still give it to a group of his own.
     const uid_t same_owner = static_cast<uid_t>(-1);
-    [[maybe_unused]] const bool given = fchown(file, old_status.st_uid, old_status.st_gid) == 0 ||
-                                        fchown(file, same_owner, old_status.st_gid) == 0;
+    [[maybe_unused]] const bool given =
+        (old_status.st_uid == status.st_uid && old_status.st_gid == status.st_gid) ||
+        fchown(file, old_status.st_uid, old_status.st_gid) == 0 ||
+        fchown(file, same_owner, old_status.st_gid) == 0;
     constexpr mode_t permissions = 0777;
     const bool same = ((old_status.st_mode ^ status.st_mode) & permissions) == 0;
     return same ? 0 : fchmod(file, old_status.st_mode & permissions);

@@ -100,6 +100,13 @@ int close_stream(std::FILE * stream)
     return std::fclose(stream);
 }
 
+std::size_t write_through(std::FILE * stream, const char * bytes, std::size_t size)
+{
+    const std::size_t done = std::fwrite(bytes, 1, size, stream);
+    std::fflush(stream);
+    return done;
+}
+
 int remove_file(const ustring & path)
 {
     const native_text name(path);
