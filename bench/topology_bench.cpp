@@ -5,11 +5,12 @@
 #include <ini.h>
 
 #include "bench.h"
+#include "scan_file.h"
 #include "silence.h"
 
 namespace {
 
-/// The number with its zeros, so that all names are of one length.
+/// The number with its zeros, as the heads have it.
 std::string number(long i)
 {
     return std::to_string(100000 + i).substr(1);
@@ -19,18 +20,7 @@ std::string scan_file(const benchmark::State & state)
 {
     const long domains = state.range(0), entries = state.range(1);
     const std::string name = "scan_" + std::to_string(domains) + "_" + std::to_string(entries) + ".res";
-    return bench::data_file(name, [=](std::FILE * file) {
-        std::fprintf(file, "# scan\n[topology]\ncount = %ld\n", domains);
-        for (long i = 0; i < domains; ++i)
-            std::fprintf(file, i == 0 ? "d%05ld = root,DOM%s\n" : "d%05ld = branch,DOM%s,push,DOM%s\n", i,
-                         number(i).c_str(), number(i / 3).c_str());
-        for (long i = 0; i < domains; ++i) {
-            const long count = entries / domains + (i < entries % domains);
-            std::fprintf(file, "[d%05ld]\ncount = %ld\n", i, count);
-            for (long j = 0; j < count; ++j)
-                std::fprintf(file, "target%03ld = agent,host%03ld.d%05ld\n", j, j, i);
-        }
-    });
+    return bench::data_file(name, [=](std::FILE * file) { bench::write_scan(file, domains, entries); });
 }
 
 void load_orvet(benchmark::State & state)

@@ -2,6 +2,7 @@
 #define ORVET_TESTS_SUPPORT_H
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -75,6 +76,8 @@ unsigned long process_number();
 void print_open_files();
 /// A command that signal 9 ends; null where there are no signals.
 extern const char * const killed_command;
+/// Opens a file, made if need be, that nobody else gets at until the result goes; null where nobody is kept out.
+std::shared_ptr<void> hold_file(const char * name);
 
 /// Ends the process as a power cut does: nothing is flushed or closed.
 [[noreturn]] void die();

@@ -25,6 +25,7 @@ void print_open_files() {
 }
 
 const char * const killed_command = "kill -9 $$";
+std::shared_ptr<void> hold_file(const char *) { return nullptr; }
 void die() { _exit(9); }
 
 void set_variable(const char * name, const char * value) {

@@ -21,6 +21,9 @@ void print_open_files() {
 }
 
 const char * const killed_command = nullptr;
+std::shared_ptr<void> hold_file(const char * name) {
+    return {CreateFileA(name, GENERIC_READ, 0, nullptr, OPEN_ALWAYS, 0, nullptr), CloseHandle};
+}
 
 void die() {
     TerminateProcess(GetCurrentProcess(), 9);
