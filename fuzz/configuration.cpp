@@ -1,5 +1,6 @@
-// Brodan's configuration file: the first byte chooses the server, the rest is the file. Every byte of every
-// line that is kept comes back, in the order of the new file, and the old file stays whole beside it.
+// Brodan's configuration file: the first byte chooses the server, two more what stands in the file ahead of
+// the rest. Every byte of every line that is kept comes back, in the order of the new file, and the old file
+// stays whole beside it.
 #include <filesystem>
 
 #include "fuzz.h"
@@ -87,7 +88,8 @@ void examine(const orvet::scan_cfg & cfg, const configuration & expected)
 const target configuration_target("configuration", [](std::string_view input) {
     taker from(input);
     const int n = from.byte() - '0';
-    const std::string old(from.rest());
+    const unsigned char choice = from.byte();
+    const std::string old = filler(choice, from.byte()).append(from.rest());
     std::filesystem::create_directory("cfg");
     write_file(path, old);
     write_file("cfg/brod.bak", "older");

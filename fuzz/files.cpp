@@ -98,7 +98,7 @@ void write_some(orvet::kt_file & file, model & m, unsigned char value)
 
 void seek(orvet::kt_file & file, model & m, unsigned char value)
 {
-    const std::size_t to = m.bytes.empty() ? 0 : value % (m.bytes.size() + 1);
+    const std::size_t to = m.bytes.size() - value % (m.bytes.size() + 1); // the end is where it gets tight
     const long back = static_cast<long>(to) - static_cast<long>(m.bytes.size());
     const short code = value % 2 ? file.seek(back, SEEK_END) : file.seek(static_cast<long>(to), SEEK_SET);
     require(code == (m.open ? 0 : 255));
@@ -127,7 +127,10 @@ const target files("files", [](std::string_view input) {
     constexpr std::size_t largest = 100000;
     taker from(input);
     model m;
-    m.bytes = from.line() + "\n" + from.line() + "\r\n" + from.line();
+    const unsigned char choice = from.byte();
+    m.bytes = filler(choice, from.byte());
+    for (const char * line_end : {"\n", "\r\n", ""})
+        m.bytes += from.line() + line_end;
     write_file(path, m.bytes);
     orvet::kt_file file{orvet::pathname(path)};
     while (!from.empty() && m.bytes.size() < largest) {

@@ -74,6 +74,16 @@ std::string read_file(const char * name)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+std::string filler(unsigned char choice, unsigned char at)
+{
+    constexpr std::size_t line_length = 1024;
+    const std::size_t size = choice == 'b' ? 4096 : choice == 'B' ? 65536 : 0;
+    std::string lines(size == 0 ? 0 : size - at, 'x');
+    for (std::size_t end = lines.size(); end > 0; end -= std::min(end, line_length))
+        lines[end - 1] = '\n';
+    return lines;
+}
+
 std::string native_text(const std::string & bytes)
 {
     static const std::string line_end = [] {
@@ -81,9 +91,10 @@ std::string native_text(const std::string & bytes)
         return read_file("line_end.tmp");
     }();
     std::string text;
-    for (const char byte : bytes)
-        text += byte == '\n' ? line_end : std::string(1, byte);
-    return text;
+    std::size_t from = 0;
+    for (std::size_t feed; (feed = bytes.find('\n', from)) != std::string::npos; from = feed + 1)
+        text.append(bytes, from, feed - from).append(line_end);
+    return text.append(bytes, from);
 }
 
 std::string bytes_of(const orvet::ustring & text)

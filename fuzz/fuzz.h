@@ -34,6 +34,9 @@ void set_gates(bool open);
 // Files in the current directory.
 void write_file(const char * name, std::string_view bytes);
 std::string read_file(const char * name);
+/// Lines to stand in front of others, so that a stream's buffer ends `at` bytes behind them: 'b' for a small
+/// one, 'B' for a large one. For all other choices none: such files take their time.
+std::string filler(unsigned char choice, unsigned char at);
 /// What the system's text form makes of these bytes.
 std::string native_text(const std::string & bytes);
 

@@ -1,4 +1,5 @@
-// Bytes become text, and text the same bytes: from memory, and from a file line by line.
+// Bytes become text, and text the same bytes: from memory, and from a file line by line. The first two bytes
+// say where, and what stands in the file ahead of the others.
 #include <cstdio>
 
 #include "fuzz.h"
@@ -37,8 +38,11 @@ void through_file(std::string_view input)
 }
 
 const target text("text", [](std::string_view input) {
-    through_memory(std::string(input).c_str(), taker(input).byte());
-    through_file(input);
+    taker from(input);
+    const unsigned char choice = from.byte();
+    const unsigned char at = from.byte();
+    through_memory(std::string(from.rest()).c_str(), at);
+    through_file(filler(choice, at).append(from.rest()));
 });
 
 } // namespace
