@@ -1,9 +1,5 @@
 #include "support.h"
 
-#include <tuple>
-
-using namespace orvet;
-using namespace orvet_test;
 namespace {
 constexpr char no_ktxpath[] = "MSGI0001 [F] The environment variable KTXPATH, containing the Ketrix "
                               "installation path, is not set or can not "

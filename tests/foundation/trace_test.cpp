@@ -1,12 +1,8 @@
 #include "support.h"
 
-#include <algorithm>
 #include <cstring>
 #include <ctime>
-#include <tuple>
 
-using namespace orvet;
-using namespace orvet_test;
 namespace {
 /// Keeps the trace's whole lines, time stamps included.
 class Trace : public testing::Test, public trace_stream {
@@ -43,7 +39,9 @@ TEST_F(Trace, LinesHaveTheirLayout) {
     EXPECT_EQ(line, std::string(now) + " [C] kt_file::close >>>> ENTRY>>>>>\n");
     EXPECT_EQ(wa.current_size, static_cast<long>(line.size()));
     EXPECT_EQ(written(" ", "", "100%d").substr(std::strlen(now)), "  100%d\n");
-    EXPECT_EQ(written(" ", "", "").substr(std::strlen(now)), "  \n");
+    trace::set_stream(wa, this); // the present one: nothing changes
+    EXPECT_EQ(written(" ", "", nullptr).substr(std::strlen(now)), "  \n");
+    EXPECT_EQ(wa.current_size, static_cast<long>(line.size() + 2 * std::strlen(now) + 11));
 }
 
 TEST_F(Trace, WhatDoesNotFitIsCutAtACharacter) {
@@ -53,15 +51,20 @@ TEST_F(Trace, WhatDoesNotFitIsCutAtACharacter) {
         const char * const name = shift == 3 ? text.c_str() : "name";
         const ustring line(written(" [I] ", name, trace::internal_write_text("%s", text.c_str())).c_str());
         EXPECT_TRUE(lines.size() >= 1020 && lines.size() <= 1023 && lines.back() == '\n');
-        EXPECT_TRUE(std::none_of(line.data(), line.data() + line.length(),
-                                 [](char16_t unit) { return unit >= 0xDC80 && unit <= 0xDCFF; }));
+        const std::string printed = printed_by([&] { console_message("%s%s", text.c_str(), "!"); });
+        EXPECT_TRUE(printed.size() >= 1021 && printed.size() <= 1024 && printed.find('!') == std::string::npos);
+        for (const ustring & cut : {line, ustring(printed.c_str())})
+            EXPECT_TRUE(std::none_of(cut.data(), cut.data() + cut.length(),
+                                     [](char16_t unit) { return unit >= 0xDC80 && unit <= 0xDCFF; }));
     }
+    EXPECT_EQ(written(" [I] ", "name", std::string(3000, 'x').c_str()).size(), 1023U);
+    EXPECT_EQ(std::strlen(trace::internal_write_text("%s", (std::string(1022, 'x') + "\xC3\xA9").c_str())), 1022U);
 }
 
 TEST_F(Trace, FormatsAsPrintf) {
     const auto text = trace::internal_write_text;
     EXPECT_STREQ(text("%d %5.2f|%-4s|%x%%l", -1, 2.5, "ab", 255U), "-1  2.50|ab  |ff%l");
-    EXPECT_STREQ(text("offset %l from %ld, %l", 70000L, -3L, 9L), "offset 70000 from -3, 9");
+    EXPECT_STREQ(text("offset %l from %ld, %l, %lu", 70000L, -3L, 9L, 5UL), "offset 70000 from -3, 9, 5");
     EXPECT_EQ(std::strlen(text("%2000d", 1)), 1023U);
     EXPECT_STREQ(trace::system_error_to_string(wa, 999999), "System error 999999\n");
     EXPECT_EQ(std::string(trace::system_error_to_string(wa, 2)).find("System error"), std::string::npos);
@@ -136,12 +139,20 @@ std::string behind(const char * mark, const char * file) {
     return found;
 }
 
+const scenario cut_off("cut_off", [] {
+    console_message(messages::MSGI0010);
+    log_message(messages::MSG0020, "x");
+    die();
+});
+
 TEST(Channels, FilesGrowFromRunToRun) {
     for (const char * name : {"ktx1.trc", "ktx1.log"}) std::filesystem::remove(name);
     for (int run = 0; run < 2; ++run) EXPECT_EQ(run_scenario("channel_files"), "0 ktx1.trc 500000");
     const std::string log = "  MSG0020 [F] Error closing the file x\n"
                             "  MSG0001 [F] A read/write operation has been attempted toa file that is not open\n";
     EXPECT_EQ(behind("  MSG", "ktx1.log"), log + log);
+    EXPECT_EQ(run_scenario("cut_off").find("MSGI0010 [F]"), 0U); // lines are out when they are written
+    EXPECT_EQ(behind("  MSG", "ktx1.log"), log + log + log.substr(0, log.find('\n') + 1));
     const std::string call = " [C] f >>>> ENTRY>>>>>\n [C] f <<<<<<<<<< EXIT\n";
     EXPECT_EQ(behind(" [C]", "ktx1.trc"), call + call);
 }
@@ -150,7 +161,7 @@ const scenario no_directory("no_directory", [] {
     set_variable("KTXPATH", "not/there");
     if (std::freopen("stderr.txt", "w", stderr))
         log_message(messages::MSG0001);
-    orvet::log closing; // leaves standard error open
+    { orvet::log closing; } // leaves standard error open
     std::fputs("end", stderr);
 });
 

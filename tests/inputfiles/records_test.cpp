@@ -1,11 +1,7 @@
 #include "support.h"
 
-#include <algorithm>
 #include <iterator>
-#include <memory>
 
-using namespace orvet;
-using namespace orvet_test;
 namespace {
 template <class Record>
 struct field {
@@ -93,10 +89,15 @@ template <class Record>
 void check_set(std::initializer_list<set_case> cases) {
     for (const auto & [line, result, told, code] : cases) {
         Record record;
-        transcript spoken(2, 5);
+        transcript spoken(2);
         EXPECT_EQ(record.set(line), code) << line;
-        const std::string what = code == 101 ? "operating system" : "keyword", name = layout<Record>::name;
-        EXPECT_EQ(spoken.take(), told ? "T[E] " + name + "::set Invalid " + what + " <" + told + "> found\n" : "");
+        const std::string name = layout<Record>::name, value = std::string("<") + (told ? told : "") + "> ";
+        EXPECT_EQ(spoken.take(), code == 0     ? ""
+                                 : code == 101 ? "L MSG0136 [El The value " + value + "is invalid as operating system.\nT[E] " +
+                                                     name + "::set Invalid operating system " + value + "found\n"
+                                               : "L MSG0134 [Fl Keyword " + std::string(told) +
+                                                     " is invalid in the currently read input file\nT[E] " + name +
+                                                     "::set Invalid keyword " + value + "found\n");
         EXPECT_EQ(shown(record), result) << line;
     }
 }
@@ -110,7 +111,8 @@ TEST(Records, SetTakesALineOrLeavesTheRecord) {
         {"MOUNT_POINT=SERVER_NAME=x", "MOUNT_POINT=SERVER_NAME=x;"},
         {"SERVER_NAME=mount_point=x", "SERVER_NAME=mount_point=x;"},
         {"AGENT_NAME=$(HOSTNAME)", "AGENT_NAME=;"}, {"AGENT_NAME=$(HOSTNAME)s", "AGENT_NAME=$(HOSTNAME)s;"},
-        {"OPERATING_SYSTEM= windows_nt ", "", "windows_nt", 101}, {" server_name", "", " server_name"},
+        {"OPERATING_SYSTEM= windows_nt ", "", "windows_nt", 101}, {"OPERATING_SYSTEM=ZR7 x", "OPERATING_SYSTEM=ZR7 x;"},
+        {"OPERATING_SYSTEM=SERVER_NAME=x", "", "SERVER_NAME=x", 101}, {" server_name", "", " server_name"},
         {"foo =a:b", "", "foo "}, {"USER=x", "", "USER"}, {"", "", ""},
     });
     check_set<auth_profile_info>({
@@ -134,10 +136,12 @@ TEST(Records, SetTakesALineOrLeavesTheRecord) {
 TEST(Records, TheirLinesStandInOrder) {
     VXA_inst_info agent;
     auth_profile_info profile;
+    user_info user;
     transcript spoken;
     agent.set(" agent_inst_path = d:\\a");
     profile.set("Profile Name=p");
     profile.validate();
+    user.set("USER=u");
     EXPECT_EQ(spoken.take(), R"(T[C] VXA_inst_info::set >>>> ENTRY>>>>>
 T[I] VXA_inst_info::set line after key.to_upper is < AGENT_INST_PATH = d:\a>
 T[I] VXA_inst_info::set line after trip of blanks is <AGENT_INST_PATH= d:\a>
@@ -153,7 +157,13 @@ T[I] auth_profile_info::set line  is <p>
 T[C] auth_profile_info::set return data = 0
 T[C] auth_profile_info::set <<<<<<<<<< EXIT
 T[C] auth_profile_info::validate >>>> ENTRY>>>>>
+T[C] user_info::set >>>> ENTRY>>>>>
+T[I] user_info::set line after key.to_upper is <USER=u>
+T[I] user_info::set line  is <u>
+T[C] user_info::set return data = 0
+T[C] user_info::set <<<<<<<<<< EXIT
 )");
+    EXPECT_EQ(text_of(ustring("sum ") + "of two"), "sum of two");
 }
 
 using keywords = std::vector<const char *>;

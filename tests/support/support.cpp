@@ -1,11 +1,11 @@
 #include "support.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <regex>
 
 namespace orvet_test {
 
@@ -86,6 +86,18 @@ transcript::~transcript() {
 }
 
 std::string transcript::take() { return std::exchange(lines, ""); }
+
+std::string without(const std::vector<const char *> & parts, const std::string & lines) {
+    std::string kept;
+    for (std::size_t at = 0, end; at < lines.size(); at = end) {
+        end = std::min(lines.find('\n', at), lines.size() - 1) + 1;
+        const std::string line = lines.substr(at, end - at);
+        if (std::none_of(parts.begin(), parts.end(), [&](auto part) { return line.find(part) != std::string::npos; }))
+            kept += line;
+    }
+    static const std::regex number("(rrno\\D*)[1-9]\\d*");
+    return std::regex_replace(kept, number, "$1N");
+}
 
 std::string native(std::string path) {
     std::replace(path.begin(), path.end(), '/', static_cast<char>(fs::path::preferred_separator));

@@ -1,8 +1,12 @@
 #ifndef ORVET_TESTS_SUPPORT_H
 #define ORVET_TESTS_SUPPORT_H
 
+#include <algorithm>
 #include <filesystem>
+#include <functional>
+#include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -48,6 +52,17 @@ public:
     std::string take();
 };
 
+/// The lines that `action` writes on both channels, then the code that it gives.
+template <class Action>
+std::string told(Action action, int trace_level = 0) {
+    transcript lines(trace_level);
+    const std::string code = std::to_string(action());
+    return lines.take() + code;
+}
+
+/// The lines without those that hold one of `parts`, and error numbers, which are each system's own, as N; 0 stays.
+std::string without(const std::vector<const char *> & parts, const std::string & lines);
+
 std::string plain_line_ends(std::string text);
 
 /// What is printed to standard output while `action` runs, CR LF as LF.
@@ -80,5 +95,8 @@ extern const char * const killed_command;
 [[noreturn]] void die();
 
 } // namespace orvet_test
+
+using namespace orvet;
+using namespace orvet_test;
 
 #endif

@@ -1,7 +1,5 @@
 #include "support.h"
 
-using namespace orvet;
-using namespace orvet_test;
 namespace {
 TEST(Usprintf, ReplacesInOrderAndSearchesAnew) {
     ustring out("before");
@@ -19,7 +17,9 @@ TEST(Usprintf, ReplacesInOrderAndSearchesAnew) {
     EXPECT_EQ(formatted("%s %s", "a %d b", 7), "a 7 b %s"); // a replaced text is searched like the rest
     EXPECT_EQ(formatted("100% %x %d%", 5), "100% %x 5%");
     EXPECT_EQ(formatted("%d then %s", "text"), "%d then text"); // a conversion that does not fit stays
-    EXPECT_EQ(formatted("%s %s", "one"), "one %s");
+    EXPECT_EQ(formatted("%d, %s", 1), "1, %s");
+    EXPECT_EQ(formatted("%d", "no number", 5), "%d"); // and keeps those behind it waiting
+    EXPECT_EQ(formatted("%d %%s", "one", "two"), "%d %one");
     EXPECT_EQ(formatted("<%s>", static_cast<const char *>(nullptr)), "<>");
     out = "self";
     EXPECT_EQ(formatted("%s and %s", out, pathname("p\xE9")), "self and p\xE9");
@@ -38,13 +38,20 @@ TEST(Chkfile, TellsWhetherAFileExists) {
 }
 
 TEST(Heapdump, WalksTheHeapOrSaysThatThereIsNone) {
-    const std::string panic = "PANIC - heapdump() called \n", status = printed_by([] { heapdump(nullptr); });
-    const bool walked = status.find("Status=OK\n") != std::string::npos;
-    EXPECT_TRUE(walked || status == panic + "OK - empty heap\n") << status;
+    const std::string panic = "PANIC - heapdump() called \n";
+    const auto used = [&](std::string status) {
+        const bool walked = status.find("Status=OK\n") != std::string::npos;
+        EXPECT_TRUE(walked || status == panic + "OK - empty heap\n") << status;
+        return walked ? std::stol(status.substr(status.find("MemUsed=(") + 9)) : 0;
+    };
+    const auto dump = [&] { return used(printed_by([] { heapdump(nullptr); })); };
+    const long before = dump();
+    const ustring block(std::string(20000, 'x').c_str());
+    EXPECT_TRUE(dump() >= before + 30000 || before == 0);
     EXPECT_EQ(printed_by([] { heapdump("heap.txt"); }), panic);
-    const std::string dump = read_text("heap.txt");
-    EXPECT_EQ(dump.find("  USED block at ") != std::string::npos, walked);
-    EXPECT_EQ(dump.substr(dump.rfind('\n', dump.size() - 2) + 1).find(walked ? "MemUsed=(" : "OK - empty heap\n"), 0U);
+    const std::string lines = read_text("heap.txt");
+    EXPECT_EQ(lines.find("  USED block at ") != std::string::npos, before != 0);
+    EXPECT_EQ(lines.substr(lines.rfind('\n', lines.size() - 2) + 1).find(before ? "MemUsed=(" : "OK - empty heap\n"), 0U);
     EXPECT_EQ(printed_by([] { heapdump("no/such/directory/heap.txt"); }).find(panic), 0U);
 }
 
@@ -54,11 +61,14 @@ TEST(CaptureStream, KeepsLinesAndCountsThemBySeverity) {
     trace::set_level(orvet::log::wa(), 0);
     log_message(messages::MSG0020, "[W] x");
     log_message(messages::MSG0134, "x"); // its bracket is misprinted
-    log_message("a tool's own");
+    log_message("a tool's own [note]  MSG");
+    log_message("bare");
     EXPECT_EQ(said->count(severity::fatal), 2U);
     EXPECT_EQ(said->count(severity::warning), 0U);
-    EXPECT_EQ(said->lines().size(), 3U);
-    EXPECT_EQ(text_of(static_cast<const ustring &>(*said->lines()[0])), "MSG0020 [F] Error closing the file [W] x");
+    EXPECT_EQ(said->lines().size(), 4U);
+    const auto line = [&](unsigned i) { return text_of(static_cast<const ustring &>(*said->lines()[i])); };
+    EXPECT_EQ(line(0) + "|" + line(2), "MSG0020 [F] Error closing the file [W] x|[note]  MSG");
+    EXPECT_EQ(line(3).substr(line(3).size() - 6), "  bare"); // its time stamp in front
     said->clear();
     EXPECT_EQ(said->lines().size() + said->count(severity::fatal), 0U);
     trace::set_stream(orvet::log::wa(), nullptr);
