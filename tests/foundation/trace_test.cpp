@@ -122,12 +122,13 @@ const scenario channel_files("channel_files", [] {
     log_message(messages::MSG0020, "x");
     trace::set_level(system_trace::wa(), 0);
     call_trace("f").leave();
-    std::printf("%d %s %ld", open, system_trace::wa().file_name->mbcs_str(), trace::max_size(orvet::log::wa()));
+    console_message("%d %s %d", open, system_trace::wa().file_name->mbcs_str(), trace::max_size(orvet::log::wa()));
     for (int i = 0; i < 2; ++i) {
         orvet::log closing;
         (void)closing;
         log_message(messages::MSG0001); // dropped once the channel is closed
     }
+    die(); // every line was out when it was written
 });
 
 /// The lines of a file from `mark` on, without what stands in front of it.
@@ -139,20 +140,12 @@ std::string behind(const char * mark, const char * file) {
     return found;
 }
 
-const scenario cut_off("cut_off", [] {
-    console_message(messages::MSGI0010);
-    log_message(messages::MSG0020, "x");
-    die();
-});
-
 TEST(Channels, FilesGrowFromRunToRun) {
     for (const char * name : {"ktx1.trc", "ktx1.log"}) std::filesystem::remove(name);
-    for (int run = 0; run < 2; ++run) EXPECT_EQ(run_scenario("channel_files"), "0 ktx1.trc 500000");
+    for (int run = 0; run < 2; ++run) EXPECT_EQ(run_scenario("channel_files").find("0 ktx1.trc 500000\n"), 0U);
     const std::string log = "  MSG0020 [F] Error closing the file x\n"
                             "  MSG0001 [F] A read/write operation has been attempted toa file that is not open\n";
     EXPECT_EQ(behind("  MSG", "ktx1.log"), log + log);
-    EXPECT_EQ(run_scenario("cut_off").find("MSGI0010 [F]"), 0U); // lines are out when they are written
-    EXPECT_EQ(behind("  MSG", "ktx1.log"), log + log + log.substr(0, log.find('\n') + 1));
     const std::string call = " [C] f >>>> ENTRY>>>>>\n [C] f <<<<<<<<<< EXIT\n";
     EXPECT_EQ(behind(" [C]", "ktx1.trc"), call + call);
 }
@@ -169,7 +162,6 @@ const scenario no_path("no_path", [] {
     set_variable("KTXPATH", nullptr);
     system_trace::wa();
     log_message(messages::MSG0001);
-    std::printf("%d", kt_chkfile("ktx1.log"));
 });
 
 TEST(Channels, WorkWithoutTheirDirectory) {
@@ -177,9 +169,10 @@ TEST(Channels, WorkWithoutTheirDirectory) {
     const std::string text = read_text("stderr.txt");
     const std::string path = "not/there" + native("/") + "ktx1.log";
     EXPECT_EQ(text.find("Could not open trace file ->" + path + "<-, logging on stderr\n"), 0U) << text;
-    EXPECT_EQ(text.substr(text.find("  MSG")), "  MSG0001 [F] A read/write operation has been attempted toa file that is "
-                                               "not open\nend");
-    EXPECT_EQ(run_scenario("no_path"), "MSGI0001 [F] The environment variable KTXPATH, containing the Ketrix "
-                                       "installation path, is not set or can not be acccessed\n1");
+    EXPECT_TRUE(text.find("  MSG0001 [F] A read") != std::string::npos && text.ends_with("not open\nend")) << text;
+    std::filesystem::remove("ktx1.log");
+    EXPECT_EQ(run_scenario("no_path").find("MSGI0001 [F] The environment variable KTXPATH"), 0U);
+    EXPECT_EQ(behind("  MSG", "ktx1.log"),
+              text.substr(text.find("  MSG"), text.rfind("end") - text.find("  MSG"))); // in the current one
 }
 } // namespace

@@ -113,7 +113,11 @@ TEST(InputFile, AWholeFileInRecordsAndTranscriptOut) {
     }
 }
 
-const char * const whole_transcript = R"(T[C] file_input_parms::get_fips >>>> ENTRY>>>>>
+TEST(InputFile, EveryLineStandsInItsPlace) {
+    file_input_parms input;
+    write_file("in.txt", "target=1\nfoo=1\n");
+    const auto read = [&] { return input.get_fips("in.txt", 1, "TARGET=", 1); };
+    EXPECT_EQ(without({" kt_file", "VXA_inst_info"}, told(read)), R"(T[C] file_input_parms::get_fips >>>> ENTRY>>>>>
 L MSG0135 [Il Input file in.txt reading started.
 T[W] file_input_parms::get_fips New sections_separator <TARGET=1> found
 T[C] file_input_parms::get_fips set input value. _index is 2
@@ -123,14 +127,18 @@ T[F] file_input_parms::get_fips Invalid input file
 T[C] file_input_parms::get_fips <><><><><> QUITTING
 T[C] file_input_parms::get_fips return data = 100
 T[C] file_input_parms::get_fips <<<<<<<<<< EXIT
-)";
+100)");
+}
 
-TEST(InputFile, EveryLineStandsInItsPlace) {
+TEST(InputFile, TakesManySectionsAndLongLines) {
+    const std::string longest(1 << 20, '\xE4'); // and much of both
+    std::string text = "USER=" + longest + "\nAUTHORIZATION PROFILE=p\n";
+    for (int i = 0; i < 100000; ++i) text += "USER=u" + std::to_string(i) + "\nAUTHORIZATION PROFILE=p\n";
+    write_file("in.txt", text);
     file_input_parms input;
-    transcript spoken;
-    write_file("in.txt", "target=1\nfoo=1\n");
-    input.get_fips("in.txt", 1, "TARGET=", 1);
-    EXPECT_EQ(without({" kt_file", "VXA_inst_info"}, spoken.take()), whole_transcript);
+    EXPECT_EQ(input.get_fips("in.txt", 1, "USER=", 3) + input.arSections().size(), 100001U);
+    const auto user = [&](unsigned i) { return text_of(static_cast<user_info &>(*input.arSections()[i]).usUserName()); };
+    EXPECT_TRUE(user(0) == longest && user(100000) == "u99999");
 }
 
 TEST(InputFile, WithoutAFileTheObjectStaysAsItWas) {

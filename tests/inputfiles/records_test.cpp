@@ -137,12 +137,7 @@ TEST(Records, TheirLinesStandInOrder) {
     VXA_inst_info agent;
     auth_profile_info profile;
     user_info user;
-    transcript spoken;
-    agent.set(" agent_inst_path = d:\\a");
-    profile.set("Profile Name=p");
-    profile.validate();
-    user.set("USER=u");
-    EXPECT_EQ(spoken.take(), R"(T[C] VXA_inst_info::set >>>> ENTRY>>>>>
+    EXPECT_EQ(told([&] { return agent.set(" agent_inst_path = d:\\a"); }), R"(T[C] VXA_inst_info::set >>>> ENTRY>>>>>
 T[I] VXA_inst_info::set line after key.to_upper is < AGENT_INST_PATH = d:\a>
 T[I] VXA_inst_info::set line after trip of blanks is <AGENT_INST_PATH= d:\a>
 T[C] VXA_inst_info::set in the switch
@@ -151,18 +146,13 @@ T[C] VXA_inst_info::set in the switch.line is <d:\a>
 T[C] VXA_inst_info::set after set
 T[C] VXA_inst_info::set return data = 0
 T[C] VXA_inst_info::set <<<<<<<<<< EXIT
-T[C] auth_profile_info::set >>>> ENTRY>>>>>
-T[I] auth_profile_info::set line after key.to_upper is <PROFILE NAME=p>
-T[I] auth_profile_info::set line  is <p>
-T[C] auth_profile_info::set return data = 0
-T[C] auth_profile_info::set <<<<<<<<<< EXIT
-T[C] auth_profile_info::validate >>>> ENTRY>>>>>
-T[C] user_info::set >>>> ENTRY>>>>>
-T[I] user_info::set line after key.to_upper is <USER=u>
-T[I] user_info::set line  is <u>
-T[C] user_info::set return data = 0
-T[C] user_info::set <<<<<<<<<< EXIT
-)");
+0)");
+    EXPECT_EQ(told([&] { return profile.set("Profile Name=p"); }, 1),
+              "T[I] auth_profile_info::set line after key.to_upper is <PROFILE NAME=p>\n"
+              "T[I] auth_profile_info::set line  is <p>\n0");
+    EXPECT_EQ(told([&] { return user.set("USER=u"); }, 1),
+              "T[I] user_info::set line after key.to_upper is <USER=u>\nT[I] user_info::set line  is <u>\n0");
+    EXPECT_EQ(told([&] { return profile.validate(); }), "T[C] auth_profile_info::validate >>>> ENTRY>>>>>\n1");
     EXPECT_EQ(text_of(ustring("sum ") + "of two"), "sum of two");
 }
 
