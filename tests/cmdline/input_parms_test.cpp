@@ -122,7 +122,7 @@ TEST_F(InputParms, ValidatesAgainstTwoLists) {
                       not_allowed = " specified at call time is not allowed.\n";
     using list = std::vector<const char *>;
     const std::tuple<list, list, list, std::string> cases[] = {
-        {{"-nosuch"}, {nullptr}, {nullptr}, ""},
+        {{"-nosuch", "-logs"}, {nullptr}, {nullptr}, ""},
         {{"-log", "-ini"}, {"-ini", nullptr}, {"-log", nullptr}, ""},
         {{"-trc", "-log"}, {nullptr}, {nullptr}, foreign + "-log" + not_allowed + foreign + "-trc" + not_allowed},
         {{"-log"}, {"-ini", "-tool", nullptr}, {nullptr}, missing + "-ini was not supplied.\n"},

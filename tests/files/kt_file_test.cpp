@@ -142,6 +142,8 @@ TEST(KtFile, MovesAndRemoves) {
                       "257") +
                   "257");
     EXPECT_TRUE(std::filesystem::exists("kept"));
+    file.set_file_name(from_bytes(std::string("kept\0x", 6))); // not what stands in front of the zero
+    EXPECT_EQ(file.removef() * 10 + file.copy_to("to.txt"), 2576);
     file.set_file_name("caf\xC3\xA9.txt"); // names outside ASCII, on both systems
     EXPECT_EQ(file.open("w") + file.close() + file.copy_to("\xC3\xBC.txt"), 0);
     EXPECT_EQ(kt_chkfile("caf\xC3\xA9.txt") * 10 + kt_chkfile("\xC3\xBC.txt"), 1);

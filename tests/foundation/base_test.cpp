@@ -19,6 +19,7 @@ TEST(Ustring, AnyBytesComeBackAsTheyWere) {
         EXPECT_EQ(std::u16string(text.data(), text.length() + 1), units + u'\0') << bytes;
         EXPECT_EQ(text_of(ustring(text).append("!").remove(text.length())), bytes);
     }
+    EXPECT_EQ(text_of(ustring(from_bytes("\xF0\x9F\x99\x82"), 0, 1).append("x")), "\xED\xA0\xBDx"); // half a character
     // Overlong, surrogates, too high, cut, and bytes that begin nothing: each byte for itself.
     for (const std::string bytes : {"\xC0\xAF", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xED\xBF\xBF", "\xF0\x8F\xBF\xBF",
                                     "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE2\x82", "\xFF\xFE\x80"}) {
@@ -38,7 +39,7 @@ TEST(Ustring, EditsInPlace) {
         {abc().remove(4, ustring::npos), "abcd"}, {abc().remove(6, 1), "abcdef"},
         {abc().assign(xy, 1, ustring::npos), "y"}, {abc().assign(xy, 2, 1), ""}, {ustring(abc(), 2, 3), "cde"},
         {ustring(abc(), 9, 3), ""}, {abc().to_upper(1, 2), "aBCdef"},
-        {ustring("\xC3\xA9Zz").to_lower(0, ustring::npos), "\xC3\xA9zz"},
+        {ustring("\xC3\xA9Zz").to_lower(0, ustring::npos), "\xC3\xA9zz"}, {ustring("{z").to_upper().to_upper(2), "{Z"},
         {ustring("  a b  ").strip(ustring::strip_front, ' '), "a b  "},
         {ustring("  a b  ").strip(ustring::strip_back, ' '), "  a b"},
         {ustring("  a b  ").strip(ustring::strip_both, ' '), "a b"}, {ustring(" ").strip(ustring::strip_back, ' '), ""},
@@ -161,16 +162,24 @@ TEST(ObjectFamily, ComparesAsTheClassesDo) {
     const ustring a("a");
     const pathname path("A/b");
     const pair one("k", "v"), other("k", "w");
-    const codable &as_text = a, &as_path = path, &as_pair = one;
+    const ustring b("b");
+    const codable &as_text = a, &as_path = path, &as_pair = one, &codable_text = b, &codable_path = pathname("c");
     EXPECT_TRUE(a == ustring("a") && a != ustring("A"));
     EXPECT_TRUE(path == pathname("a/B") && path != pathname("a/c"));
     EXPECT_TRUE(one == pair("k", "v") && one != other && one != pair("l", "v"));
     // Through the root, from either side, and with an object of another class.
     EXPECT_TRUE(as_text == a && a == as_text && as_path == path && path == as_path && as_pair == one);
-    EXPECT_FALSE(as_text == path || path == as_text || as_path == a || as_pair == a || a == as_pair || as_pair == other);
+    EXPECT_FALSE(as_text == path || path == as_text || as_path == a || as_pair == a || a == as_pair || as_pair == other ||
+                 as_text == codable_text || as_path == codable_path);
     EXPECT_TRUE(as_text != path && as_pair != a && a != as_pair);
     EXPECT_TRUE(vector().operator==(as_text) && ktobject().operator==(as_text) && keyval("a") == a);
 }
+
+struct third : codable { // a class that says what it is by its field
+    third() { version = 3; }
+    const char * codable_name() const override { return "third"; }
+    codable * clone() override { return nullptr; }
+};
 
 /// Name and version of a class, with a mark where an object does not come back from decoding.
 template <class Class>
@@ -185,8 +194,8 @@ std::string nature() {
 }
 
 TEST(ObjectFamily, ClonesAndNames) {
-    EXPECT_EQ(nature<ustring>() + nature<pathname>() + nature<pair>() + nature<vector>() + nature<ktobject>() + nature<keyval>(),
-              "ustring 1\npathname 1\npair 1\nvector 1\ncom.corvan.qx.cmObjects.ktobject 1\nustring 1\n");
+    EXPECT_EQ(nature<ustring>() + nature<pathname>() + nature<pair>() + nature<vector>() + nature<ktobject>() + nature<third>(),
+              "ustring 1\npathname 1\npair 1\nvector 1\ncom.corvan.qx.cmObjects.ktobject 1\nthird 3\n");
     vector sections;
     sections.push_back(new sof_entry("[hq]", sof_entry::target_sect));
     const auto owned = [](codable * object) { return std::unique_ptr<codable>(object); };

@@ -57,7 +57,7 @@ TEST_F(Trace, WhatDoesNotFitIsCutAtACharacter) {
             EXPECT_TRUE(std::none_of(cut.data(), cut.data() + cut.length(),
                                      [](char16_t unit) { return unit >= 0xDC80 && unit <= 0xDCFF; }));
     }
-    EXPECT_EQ(written(" [I] ", "name", std::string(3000, 'x').c_str()).size(), 1023U);
+    for (const char byte : {'x', '\x80'}) EXPECT_EQ(written(" [I] ", "name", std::string(3000, byte).c_str()).size(), 1023U);
     EXPECT_EQ(std::strlen(trace::internal_write_text("%s", (std::string(1022, 'x') + "\xC3\xA9").c_str())), 1022U);
 }
 
@@ -67,7 +67,11 @@ TEST_F(Trace, FormatsAsPrintf) {
     EXPECT_STREQ(text("offset %l from %ld, %l, %lu", 70000L, -3L, 9L, 5UL), "offset 70000 from -3, 9, 5");
     EXPECT_EQ(std::strlen(text("%2000d", 1)), 1023U);
     EXPECT_STREQ(trace::system_error_to_string(wa, 999999), "System error 999999\n");
-    EXPECT_EQ(std::string(trace::system_error_to_string(wa, 2)).find("System error"), std::string::npos);
+    const std::string missing = trace::system_error_to_string(wa, 2);
+    EXPECT_EQ(missing.find("System error"), std::string::npos);
+    kt_chkfile("not there");
+    EXPECT_EQ(trace::last_system_error_to_string(wa), missing);
+    EXPECT_EQ(stdio_trace_stream(static_cast<std::FILE *>(nullptr)).writeline("x"), -1);
 }
 
 TEST_F(Trace, SilenceCanBeOverridden) {
@@ -106,10 +110,11 @@ TEST(CallTrace, TypedArgumentsFitTheirConversions) {
     trace.info("%s %s %s %d %d %l %ld", ustring("u"), pathname("p"), std::string("s").c_str(), short{-5}, 9999999999LL, 70000L,
                -1L);
     trace.info("%hd %hu %u %x %c 100%% %5d|%-4s|%.2s", 70000, 65537U, 4000000000U, 255, 'A', 42, "ab", "abcd");
+    trace.info("%hhd %hhu %lld %lu %li", 300, 257U, 9999999999LL, 7UL, -7L);
     trace.info("%s|%d", static_cast<const char *>(nullptr), true);
     EXPECT_EQ(said.take(), "T[I] f u p s -5 2147483647 70000 -1\n"
                            "T[I] f 4464 1 4000000000 ff A 100%    42|ab  |ab\n"
-                           "T[I] f |1\n");
+                           "T[I] f 44 1 9999999999 7 -7\nT[I] f |1\n");
     EXPECT_EQ(trace.fail(short{252}), 252);
     trace.leave(100000U);
     EXPECT_EQ(said.take(), "T[C] f <><><><><> QUITTING\nT[C] f return data = 252\nT[C] f <<<<<<<<<< EXIT\n"
@@ -154,7 +159,10 @@ const scenario no_directory("no_directory", [] {
     set_variable("KTXPATH", "not/there");
     if (std::freopen("stderr.txt", "w", stderr))
         log_message(messages::MSG0001);
-    { orvet::log closing; } // leaves standard error open
+    {
+        orvet::log closing;
+        system_trace too;
+    } // leaves standard error open
     std::fputs("end", stderr);
 });
 

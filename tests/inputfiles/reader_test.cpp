@@ -139,6 +139,8 @@ TEST(InputFile, TakesManySectionsAndLongLines) {
     EXPECT_EQ(input.get_fips("in.txt", 1, "USER=", 3) + input.arSections().size(), 100001U);
     const auto user = [&](unsigned i) { return text_of(static_cast<user_info &>(*input.arSections()[i]).usUserName()); };
     EXPECT_TRUE(user(0) == longest && user(100000) == "u99999");
+    write_file("in.txt", "PROFILE NAME=p\n");
+    EXPECT_EQ(input.get_fips("in.txt", 1, "PROFILE NAME=", 2), 0);
 }
 
 TEST(InputFile, WithoutAFileTheObjectStaysAsItWas) {

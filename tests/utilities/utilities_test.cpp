@@ -68,7 +68,9 @@ TEST(CaptureStream, KeepsLinesAndCountsThemBySeverity) {
     EXPECT_EQ(said->lines().size(), 4U);
     const auto line = [&](unsigned i) { return text_of(static_cast<const ustring &>(*said->lines()[i])); };
     EXPECT_EQ(line(0) + "|" + line(2), "MSG0020 [F] Error closing the file [W] x|[note]  MSG");
-    EXPECT_EQ(line(3).substr(line(3).size() - 6), "  bare"); // its time stamp in front
+    EXPECT_EQ(line(3).substr(line(3).size() - 6), "  bare");                 // its time stamp in front
+    for (const char * odd : {"", "x", " [", "  MSG1"}) said->writeline(odd); // what no channel writes
+    EXPECT_EQ(line(4) + "|" + line(5) + "|" + line(6) + "|" + line(7), "|x|[|MSG1");
     said->clear();
     EXPECT_EQ(said->lines().size() + said->count(severity::fatal), 0U);
     trace::set_stream(orvet::log::wa(), nullptr);
