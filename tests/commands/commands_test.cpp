@@ -15,13 +15,14 @@ const scenario speak("speak", [] {
 const scenario open_files("open_files", print_open_files);
 
 /// The text as it is on every system: slashes, names for what differs, without the files' own lines.
-std::string shown(std::string text) {
-    for (const auto & [from, to] :
-         {text_pair(scenario_command("speak"), "SPEAK"), text_pair("\\", "/"),
-          text_pair((test_directory() / "brodan").generic_string(), "BRODAN"), text_pair("<cat ", "<PRINT "),
-          text_pair("<type ", "<PRINT "), text_pair("errno was 0", "errno was N"), text_pair("errno = 0", "errno = N")})
-        for (std::size_t at; (at = text.find(from)) != std::string::npos;) text.replace(at, from.size(), to);
-    return without({"] kt_file"}, text);
+std::string shown(const std::string & text) {
+    const std::string all = replaced(text, {{scenario_command("speak"), "SPEAK"},
+                                            {"\\", "/"},
+                                            {"<cat ", "<PRINT "},
+                                            {"<type ", "<PRINT "},
+                                            {"errno was 0", "errno was N"},
+                                            {"errno = 0", "errno = N"}});
+    return replaced(without({"] kt_file"}, all), {{(test_directory() / "brodan").generic_string(), "BRODAN"}});
 }
 
 std::string in_migr(const char * name) { return read_text(std::string("brodan/migr/") + name); }
@@ -110,14 +111,10 @@ const scenario clean("clean", [] {
     input_parms ip;
     setloglevel(ip);
     std::FILE * const seen = std::fopen("inherited.txt", "w");
-    transcript * lines = nullptr;
-    {
-        test_command brod(scenario_command("open_files"));
-        brod.out_file().open("w");
-        brod.exec_brod_cmd(0, 0);
-        lines = new transcript(3);
-    }
-    std::printf("%s", lines->take().c_str());
+    auto brod = std::make_unique<test_command>(scenario_command("open_files"));
+    brod->out_file().open("w");
+    brod->exec_brod_cmd(0, 0);
+    std::printf("%s", told([&] { return brod.reset(), 0; }, 3).c_str());
     std::fclose(seen);
 });
 

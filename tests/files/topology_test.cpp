@@ -104,9 +104,8 @@ TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing) {
                                                 "T[I] kt_file::load_top Valid dependency found: <2,D> by <2,D>\n"
                                                 "T[I] kt_file::load_top Valid dependency found: <3,R> by <0,R>\n"
                                                 "T[I] kt_file::load_top Valid dependency found: <4,C> by <1,C>\n");
-    codable * const items[] = {result.topv[0], result.topv[1]};
-    const int orders[] = {sort_on_dep_len(items, items + 1), sort_on_dep_len(items + 1, items), sort_on_dep_len(items, items)};
-    EXPECT_TRUE(orders[0] == -1 && orders[1] == 1 && orders[2] == 0);
+    codable * const two[] = {result.topv[0], result.topv[1]};
+    EXPECT_TRUE(sort_on_dep_len(two, two + 1) == -1 && sort_on_dep_len(two + 1, two) == 1 && sort_on_dep_len(two, two) == 0);
 }
 
 TEST(Topology, RefusesWhatItCantRead) {

@@ -91,10 +91,7 @@ TEST(CallTrace, GatesLetThroughBySeverity) {
     for (int level = -1; level <= 6; ++level) {
         transcript said(level, 5);
         const call_trace trace("f");
-        trace.info("");
-        trace.warning("");
-        trace.error("");
-        trace.fatal("");
+        trace.info(""), trace.warning(""), trace.error(""), trace.fatal("");
         log_message(messages::MSG0001);
         std::string expected;
         for (int severity = std::max(level, 0); severity < 5; ++severity)

@@ -34,7 +34,7 @@ std::string shown(file_input_parms & input) {
 // clang-format off
 /// What `get_fips` and the log say, in short, without the call lines and those of the file object and the records.
 std::string brief(const std::string & transcript) {
-    static const std::pair<std::string, const char *> words[] = {
+    static const std::vector<std::pair<std::string, std::string>> words = {
         {"T[W] file_input_parms::get_fips New sections_separator <", "+"}, {"> found\n", ";"},
         {"T[I] file_input_parms::get_fips User and auth_profile = ", ""}, {"<-- \n", ";"},
         {"T[I] file_input_parms::get_fips profile_info = ", ""}, {"\nNO", " NO"}, {"\nYES", " YES"}, {"\n;", ";"},
@@ -46,10 +46,7 @@ std::string brief(const std::string & transcript) {
         {"L MSG0134 [Fl Keyword ", "invalid "}, {" is invalid in the currently read input file\n", ";"},
         {"L MSG0137 [F] The mandatory keywork ", "missing "}, {" was not supplied in the input file.\n", ";"},
         {"T[W] kt_file::close closing <in.txt> file\n", "closed"}};
-    std::string text = without({"[C]", "kt_file(", "kt_file::open", "kt_file::seek", "kt_file::get", "_info::", "MSG0017"}, transcript);
-    for (const auto & [from, to] : words)
-        for (std::size_t at; (at = text.find(from)) != std::string::npos;) text.replace(at, from.size(), to);
-    return text;
+    return replaced(without({"[C]", "kt_file(", "kt_file::open", "kt_file::seek", "kt_file::get", "_info::", "MSG0017"}, transcript), words);
 }
 
 const std::string least = "OPERATING_SYSTEM=WINDOWS_NT\nSERVER_NAME=s\nSERVER_REN_RGN=r\nGATEWAY_IP_ADDRESS=i\n"
