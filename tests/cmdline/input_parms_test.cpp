@@ -92,7 +92,7 @@ TEST_F(InputParms, ReadsCommandLines) {
     EXPECT_EQ(text_of(input_parms::ip_op_sys()), ""); // wiped, not back at its default
     input_parms ip;
     char words[][8] = {"Tool", "-LOG", "-TRC", "-INI", "Mix/Ed"}, *argv[] = {words[0], words[1], words[2], words[3], words[4]};
-    EXPECT_EQ(ip.get_ips(5, argv) + ip.ip_log_level(), 0);                                             // from the text "-TRC"
+    EXPECT_EQ(sum({ip.get_ips(5, argv), ip.ip_log_level()}), 0);                                       // from the text "-TRC"
     EXPECT_EQ(std::string(argv[0]) + argv[1] + argv[2] + argv[3] + argv[4], "Tool-log-TRC-iniMix/Ed"); // lowered where they stand
 }
 

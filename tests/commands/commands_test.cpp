@@ -83,7 +83,7 @@ T[I] brod_base::build_final_out_file The final path for brod commands output is 
     EXPECT_EQ(brod.exec_brod_cmd(1, 0), 0);
     EXPECT_TRUE(fs::exists(fs::u8path("brodan/migr/caf\xC3\xA9.out")));
     EXPECT_EQ(text_of(brod_base_ls("x").final_output_file().text()), ""); // "-ini" was not given
-    brod.set_brod_cmd_rc(static_cast<short>(brod.brod_cmd_rc() + 7));
+    brod.set_brod_cmd_rc(static_cast<short>(brod.brod_cmd_rc() + 7));     // from 0
     EXPECT_EQ(brod.brod_cmd_rc(), 7);
     EXPECT_EQ(shown(text_of(brod.out_file().file_name().text())), "BRODAN/migr/hsttmp.out");
 }
@@ -121,7 +121,7 @@ const scenario clean("clean", [] {
 TEST(Command, LeavesNoOpenFileToChildrenAndNoFileBehindIfAsked) {
     for (kt_file & (brod_base::*get)() : {&brod_base::out_file, &brod_base::final_out_file}) {
         test_command brod("exit 0");
-        EXPECT_EQ((brod.*get)().open("w") + (brod.*get)().write("x", 1), 0);
+        EXPECT_EQ(sum({(brod.*get)().open("w"), (brod.*get)().write("x", 1)}), 0);
     }
     EXPECT_EQ(in_migr("cmd.out") + in_migr("x.tmp"), "xx"); // closed
     pathname & both = sset_out_file("both.out");            // deleted once

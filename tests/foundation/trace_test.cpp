@@ -68,9 +68,8 @@ TEST_F(Trace, FormatsAsPrintf) {
     EXPECT_EQ(std::strlen(text("%2000d", 1)), 1023U);
     EXPECT_STREQ(trace::system_error_to_string(wa, 999999), "System error 999999\n");
     const std::string missing = trace::system_error_to_string(wa, 2);
-    EXPECT_EQ(missing.find("System error"), std::string::npos);
     kt_chkfile("not there");
-    EXPECT_EQ(trace::last_system_error_to_string(wa), missing);
+    EXPECT_TRUE(trace::last_system_error_to_string(wa) == missing && missing.find("System error") == std::string::npos);
     EXPECT_EQ(stdio_trace_stream(static_cast<std::FILE *>(nullptr)).writeline("x"), -1);
 }
 
@@ -126,8 +125,7 @@ const scenario channel_files("channel_files", [] {
     call_trace("f").leave();
     console_message("%d %s %d", open, system_trace::wa().file_name->mbcs_str(), trace::max_size(orvet::log::wa()));
     for (int i = 0; i < 2; ++i) {
-        orvet::log closing;
-        (void)closing;
+        const orvet::log closing{};
         log_message(messages::MSG0001); // dropped once the channel is closed
     }
     die(); // every line was out when it was written

@@ -103,9 +103,9 @@ TEST(InputFile, AWholeFileInRecordsAndTranscriptOut) {
     for (const auto & each : cases) {
         write_file("in.txt", each.file);
         file_input_parms input;
-        transcript spoken;
-        EXPECT_EQ(input.get_fips("in.txt", 1, each.separator, each.file_type), each.code) << each.file;
-        EXPECT_EQ(brief(spoken.take()), each.lines + "closed") << each.file;
+        EXPECT_EQ(brief(told([&] { return input.get_fips("in.txt", 1, each.separator, each.file_type); })),
+                  each.lines + "closed" + std::to_string(each.code))
+            << each.file;
         EXPECT_EQ(shown(input), each.result) << each.file;
     }
 }
@@ -133,7 +133,7 @@ TEST(InputFile, TakesManySectionsAndLongLines) {
     for (int i = 0; i < 100000; ++i) text += "USER=u" + std::to_string(i) + "\nAUTHORIZATION PROFILE=p\n";
     write_file("in.txt", text);
     file_input_parms input;
-    EXPECT_EQ(input.get_fips("in.txt", 1, "USER=", 3) + input.arSections().size(), 100001U);
+    EXPECT_EQ(sum({input.get_fips("in.txt", 1, "USER=", 3), static_cast<long>(input.arSections().size())}), 100001);
     const auto user = [&](unsigned i) { return text_of(static_cast<user_info &>(*input.arSections()[i]).usUserName()); };
     EXPECT_TRUE(user(0) == longest && user(100000) == "u99999");
     write_file("in.txt", "PROFILE NAME=p\n");
@@ -151,10 +151,9 @@ TEST(InputFile, WithoutAFileTheObjectStaysAsItWas) {
         EXPECT_EQ(input.get_fips("bad.txt", 1, "USER=", 3), 100);
         EXPECT_EQ(shown(input), "1: at 2,1:x");
         EXPECT_EQ(input.get_fips("in.txt", 1, "USER=", 3), 0);
-        transcript spoken(1);
-        EXPECT_EQ(input.get_fips(name, asked_wrong ? 0 : 1, "USER=", 3), asked_wrong ? 18 : 250) << name;
-        EXPECT_EQ(brief(spoken.take()), std::string("T[E] file_input_parms::get_fips ") +
-                                            (asked_wrong ? "not implemented yet. Wrong call\n" : "Error opening input file\n"));
+        EXPECT_EQ(brief(told([&] { return input.get_fips(name, asked_wrong ? 0 : 1, "USER=", 3); }, 1)),
+                  std::string("T[E] file_input_parms::get_fips ") +
+                      (asked_wrong ? "not implemented yet. Wrong call\n18" : "Error opening input file\n250"));
         EXPECT_EQ(shown(input), "1: <a,x>");
     }
 }

@@ -63,9 +63,9 @@ TEST(ScanCfg, MakesAServerTheFirstOrTellsWhyNot) {
         if (loads)
             write_file(each.path, each.text);
         scan_cfg cfg(each.path);
-        const auto load = [&] { EXPECT_EQ(cfg.load(), loads ? 0 : 250); };
-        EXPECT_EQ(printed_by(load), loads ? "" : each.error + std::string("\n"));
-        EXPECT_EQ(text_of(cfg.error_text()), loads ? "" : each.error);
+        int code = -1;
+        EXPECT_EQ(printed_by([&] { code = cfg.load(); }), loads ? "" : each.error + std::string("\n"));
+        EXPECT_EQ(std::to_string(code) + text_of(cfg.error_text()), loads ? "0" : "250" + std::string(each.error));
         each.disturb();
         if (each.device)
             fs::create_symlink(each.device, "cfg/brod.tmp");
@@ -73,8 +73,7 @@ TEST(ScanCfg, MakesAServerTheFirstOrTellsWhyNot) {
             EXPECT_EQ(cfg.set_server(each.n), each.set);
         EXPECT_EQ(text_of(cfg.error_text()), loads ? each.error : no_number);
         EXPECT_EQ(files(), each.after);
-        EXPECT_EQ(cfg.set_server(1), 0);
-        EXPECT_EQ(text_of(cfg.error_text()), "");
+        EXPECT_EQ(sum({cfg.set_server(1), cfg.error_text().length()}), 0);
     }
     fs::remove_all("cfg");
     fs::create_directories("cfg/brod.bak");

@@ -20,7 +20,6 @@ std::map<std::string, void (*)()> & scenarios() {
 }
 
 std::string lines;
-
 /// Puts the lines of both channels into one text, each with the mark of its channel.
 struct recorder : orvet::capture_stream {
     explicit recorder(const char * of) : mark(of) {}
@@ -56,7 +55,6 @@ std::string replaced(std::string text, const std::vector<std::pair<std::string, 
     return text;
 }
 std::string read_text(const std::string & name) { return replaced(read_file(name), {{"\r\n", "\n"}}); }
-
 std::string scenario_command(const std::string & name) { return program + " --scenario " + name; }
 
 std::string run_scenario(const std::string & name) {

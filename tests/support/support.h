@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <numeric>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -46,6 +47,8 @@ public:
     std::string take();
 };
 
+/// The sum of the codes of calls, which a list makes in their order.
+inline long sum(std::initializer_list<long> codes) { return std::accumulate(codes.begin(), codes.end(), 0L); }
 /// The lines that `action` writes on both channels, then the code that it gives.
 template <class Action>
 std::string told(Action action, int trace_level = 0) {
@@ -56,10 +59,8 @@ std::string told(Action action, int trace_level = 0) {
 
 /// The lines without those that hold one of `parts`, and error numbers, which are each system's own, as N; 0 stays.
 std::string without(const std::vector<const char *> & parts, const std::string & lines);
-
 /// The text with the first of each pair made the second, wherever it stands.
 std::string replaced(std::string text, const std::vector<std::pair<std::string, std::string>> & words);
-
 /// What is printed to standard output while `action` runs, CR LF as LF.
 template <class Action>
 std::string printed_by(Action action) {
