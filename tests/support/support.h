@@ -48,7 +48,7 @@ public:
 };
 
 /// The sum of the codes of calls, which a list makes in their order.
-inline long sum(std::initializer_list<long> codes) { return std::accumulate(codes.begin(), codes.end(), 0L); }
+inline long long sum(std::initializer_list<long long> codes) { return std::accumulate(codes.begin(), codes.end(), 0LL); }
 /// The lines that `action` writes on both channels, then the code that it gives.
 template <class Action>
 std::string told(Action action, int trace_level = 0) {
