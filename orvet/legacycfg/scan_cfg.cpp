@@ -173,7 +173,7 @@ bool scan_cfg::read_lines()
                 target.value.assign(rest);
                 break;
             }
-        (is_server ? server_lines_ : generic_lines_).push_back(make<ustring>(std::move(line)));
+        (is_server ? server_lines_ : generic_lines_).push_back(make<ustring>(line));
     }
     // What ended too early must never be taken for the whole file and written back.
     if (watch.failed() || std::ferror(cfg_stream_)) {

@@ -1,9 +1,8 @@
 #include "support.h"
 
+#include <cerrno>
 #include <cstdlib>
 
-using namespace orvet;
-using namespace orvet_test;
 namespace {
 namespace fs = std::filesystem;
 using text_pair = std::pair<std::string, std::string>;
@@ -16,18 +15,14 @@ const scenario speak("speak", [] {
 const scenario open_files("open_files", print_open_files);
 
 /// The text as it is on every system: slashes, names for what differs, without the files' own lines.
-std::string shown(std::string text) {
-    for (const auto & [from, to] : {text_pair(scenario_command("speak"), "SPEAK"), text_pair("\\", "/"),
-                                    text_pair((test_directory() / "brodan").generic_string(), "BRODAN"),
-                                    text_pair("<cat ", "<PRINT "), text_pair("<type ", "<PRINT ")})
-        for (std::size_t at; (at = text.find(from)) != std::string::npos;) text.replace(at, from.size(), to);
-    for (std::size_t at; (at = text.find("] kt_file")) != std::string::npos;)
-        text.erase(at - 3, text.find('\n', at) + 1 - (at - 3));
-    for (std::size_t at = 0; (at = text.find("errno", at)) != std::string::npos;) {
-        at = text.find_first_of("0123456789", at);
-        text.replace(at, text.find_first_of(".\n", at) - at, "N");
-    }
-    return text;
+std::string shown(const std::string & text) {
+    const std::string all = replaced(text, {{scenario_command("speak"), "SPEAK"},
+                                            {"\\", "/"},
+                                            {"<cat ", "<PRINT "},
+                                            {"<type ", "<PRINT "},
+                                            {"errno was 0", "errno was N"},
+                                            {"errno = 0", "errno = N"}});
+    return replaced(without({"] kt_file"}, all), {{(test_directory() / "brodan").generic_string(), "BRODAN"}});
 }
 
 std::string in_migr(const char * name) { return read_text(std::string("brodan/migr/") + name); }
@@ -35,7 +30,7 @@ std::string in_migr(const char * name) { return read_text(std::string("brodan/mi
 /// A command on "cmd.out", set whole.
 struct test_command : brod_base {
     explicit test_command(const std::string & text) : brod_base(sset_out_file("cmd.out"), sset_out_file("x.tmp")) {
-        set_brod_cmd(from_bytes(text), 1);
+        set_brod_cmd(from_bytes(text), 2);
     }
 };
 
@@ -45,8 +40,11 @@ TEST(Command, TellsWhatItDoes) {
     transcript lines;
     brod_base_lscm brod("TARGET", "APPS.A");
     ip.set_ip_base_cmd("");
+    errno = ERANGE; // of before; the command leaves none
     EXPECT_EQ(brod.exec_brod_cmd(1, 1), 3);
-    EXPECT_EQ(shown(lines.take()), R"(T[C] sset_out_file >>>> ENTRY>>>>>
+    const std::string all = lines.take();
+    EXPECT_EQ(all.find("errno = " + std::to_string(ERANGE)), std::string::npos);
+    EXPECT_EQ(shown(all), R"(T[C] sset_out_file >>>> ENTRY>>>>>
 T[C] sset_out_file >>>> ENTRY>>>>>
 T[C] brod_base_lscm::brod_base_lscm(target_name, gname) >>>> ENTRY>>>>>
 T[C] brod_base::set_brod_cmd >>>> ENTRY>>>>>
@@ -84,6 +82,9 @@ T[I] brod_base::build_final_out_file The final path for brod commands output is 
     brod.set_brod_cmd("exit 0", 0);
     EXPECT_EQ(brod.exec_brod_cmd(1, 0), 0);
     EXPECT_TRUE(fs::exists(fs::u8path("brodan/migr/caf\xC3\xA9.out")));
+    EXPECT_EQ(text_of(brod_base_ls("x").final_output_file().text()), ""); // "-ini" was not given
+    brod.set_brod_cmd_rc(static_cast<short>(brod.brod_cmd_rc() + 7));     // from 0
+    EXPECT_EQ(brod.brod_cmd_rc(), 7);
     EXPECT_EQ(shown(text_of(brod.out_file().file_name().text())), "BRODAN/migr/hsttmp.out");
 }
 
@@ -101,7 +102,7 @@ TEST(Command, GivesExitValueAndStreams) {
         EXPECT_TRUE(result == -2 ? given != 0 : given == result) << command << given;
         EXPECT_EQ(in_migr("cmd.out"), out) << command;
         EXPECT_TRUE(!err || in_migr("broderr.out") == std::string("before\n") + err) << command;
-        EXPECT_EQ(printed_by([&] { brod.exec_brod_cmd(0, 1); }), out);
+        EXPECT_EQ(printed_by([&] { std::printf("first "), brod.exec_brod_cmd(0, 1); }), std::string("first ") + out);
     }
 }
 // clang-format on
@@ -110,18 +111,26 @@ const scenario clean("clean", [] {
     input_parms ip;
     setloglevel(ip);
     std::FILE * const seen = std::fopen("inherited.txt", "w");
-    test_command brod(scenario_command("open_files"));
-    brod.out_file().open("w");
-    brod.exec_brod_cmd(0, 0);
+    auto brod = std::make_unique<test_command>(scenario_command("open_files"));
+    brod->out_file().open("w");
+    brod->exec_brod_cmd(0, 0);
+    std::printf("%s", told([&] { return brod.reset(), 0; }, 3).c_str());
     std::fclose(seen);
 });
 
 TEST(Command, LeavesNoOpenFileToChildrenAndNoFileBehindIfAsked) {
-    test_command("exit 0").exec_brod_cmd(1, 0);
-    EXPECT_EQ(in_migr("cmd.out"), "");
+    for (kt_file & (brod_base::*get)() : {&brod_base::out_file, &brod_base::final_out_file}) {
+        test_command brod("exit 0");
+        EXPECT_EQ(sum({(brod.*get)().open("w"), (brod.*get)().write("x", 1)}), 0);
+    }
+    EXPECT_EQ(in_migr("cmd.out") + in_migr("x.tmp"), "xx"); // closed
+    pathname & both = sset_out_file("both.out");            // deleted once
+    EXPECT_EQ(brod_base(both, both).final_output_file().text().length(),
+              (test_directory() / "brodan/migr/both.out").string().size());
     const std::string inherited = run_scenario("clean");
     EXPECT_NE(inherited.find("inherited.txt"), std::string::npos) << inherited;
     for (const char * own : {"cmd.out", "ktx1.trc", "ktx1.log"}) EXPECT_EQ(inherited.find(own), std::string::npos) << inherited;
+    EXPECT_NE(inherited.find("T[E] brod_base::~brod_base Remove temp files\n"), std::string::npos) << inherited;
     EXPECT_EQ(in_migr("cmd.out"), "(no file)");
 }
 
@@ -141,9 +150,11 @@ TEST(DummyMode, AnswersFromCannedFiles) {
     for (const auto & [command, file] : runs) {
         test_command brod(command);
         const bool found = file == "canned/x_lstgl";
+        transcript lines(5, 0);
         EXPECT_EQ(shown(printed_by([&] { EXPECT_EQ(brod.exec_brod_cmd(0, 0) == 0, found); })),
                   "Dummy call: <" + command + "> becomes <PRINT " + file + " > BRODAN/migr/cmd.out> \n");
         EXPECT_EQ(in_migr("cmd.out"), found ? "targets\n" : "");
+        EXPECT_EQ(lines.take().find("L MSG0015 [I] Submitting the command " + command.substr(0, 900)), 0U);
     }
     for (const std::string & none : {std::string(" dummy canned brod lstg -l"), std::string("dummy brod\0 lstg -l", 19)})
         EXPECT_EQ(printed_by([&] { test_command(none).exec_brod_cmd(1, 1); }), "");
@@ -156,7 +167,7 @@ TEST(Listings, ReadTheLocalName) {
     const text_pair listings[] = {
         {"Global name: A\r\nLOCAL NAME:   plain $(repository)\r\n", "plain $(repository)"},
         {std::string("zero\0Local name: no\n Local name: no\n", 36), "plain $(repository)"},
-        {"Local name: $(REPOSITORY)a$(REPOSITORY)", "BRODAN/reposa$(REPOSITORY)"}, {"Local name: $(FILEPATH)", "BRODAN"},
+        {"Local name: $(REPOSITORY)a$(FILEPATH)", "BRODAN/reposa$(FILEPATH)"}, {"Local name: $(FILEPATH)", "BRODAN"},
         {"Local name: $(FILEPATH)/$(REPOSITORY)a", "BRODAN/reposa"},
         {"Local name:first\nLocal name: in front $(FILEPATH)//a", "BRODAN/a"},
         {"Local name:$(FILEPATH)x\nLocal name: \nLocal name:y\n", ""}};

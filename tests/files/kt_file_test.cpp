@@ -1,30 +1,13 @@
 #include "support.h"
 
-#include <functional>
-#include <tuple>
-
-using namespace orvet;
-using namespace orvet_test;
 namespace {
 constexpr char not_open[] = "L MSG0001 [F] A read/write operation has been attempted toa file that is not open\n";
 
-/// The lines of one call: entry, its own lines, return line and exit. `T` in `own` stands for "T[X] name".
-std::string call_of(const std::string & name, const std::string & own, const std::string & end) {
+/// The lines of one call: entry, its own lines, a quit line or not, return line and exit.
+std::string call_of(const std::string & name, const std::string & own, const std::string & code, bool quits = false) {
     const std::string call = "T[C] " + name + " ";
-    std::string lines = call + ">>>> ENTRY>>>>>\n" + own;
-    if (end.find("quit") != std::string::npos)
-        lines += call + "<><><><><> QUITTING\n";
-    const std::size_t digit = end.find_first_of("-0123456789");
-    if (digit != std::string::npos)
-        lines += call + "return data = " + end.substr(digit) + "\n";
-    return lines + call + "<<<<<<<<<< EXIT\n";
-}
-
-std::string seek_lines(const std::string & file, long offset, int origin) {
-    return call_of("kt_file::seek",
-                   "T[W] kt_file::seek seeking in " + file + " file. offset is " + std::to_string(offset) + " origin is " +
-                       std::to_string(origin) + "\n",
-                   "0");
+    return call + ">>>> ENTRY>>>>>\n" + own + (quits ? call + "<><><><><> QUITTING\n" : "") +
+           (code.empty() ? "" : call + "return data = " + code + "\n") + call + "<<<<<<<<<< EXIT\n";
 }
 
 TEST(KtFile, OpensMeasuresAndCloses) {
@@ -32,36 +15,41 @@ TEST(KtFile, OpensMeasuresAndCloses) {
     transcript lines;
     kt_file file(pathname("ten.txt"));
     EXPECT_EQ(lines.take(), call_of("kt_file(pathname)", "T[I] kt_file(pathname) Path is <ten.txt>\n", ""));
-    EXPECT_EQ(file.open("r"), 0);
-    EXPECT_EQ(file.file_size(), 10);
-    const std::string open = "T[W] kt_file::open opening ten.txt file with mode r\n" + seek_lines("ten.txt", 0, 2) +
-                             call_of("kt_file::get_pos", "", "0") + "T[I] kt_file::open The size of the file is 10\n";
-    EXPECT_EQ(lines.take(), call_of("kt_file::open", open + seek_lines("ten.txt", 0, 0), "0"));
+    const auto seek = [](const std::string & origin) {
+        const std::string line = "T[W] kt_file::seek seeking in ten.txt file. offset is 0 origin is ";
+        return call_of("kt_file::seek", line + origin + "\n", "0");
+    };
+    const std::string size = call_of("kt_file::get_pos", "", "0") + "T[I] kt_file::open The size of the file is 10\n";
+    EXPECT_EQ(sum({file.open("r"), file.file_size()}), 10);
+    EXPECT_EQ(lines.take(), call_of("kt_file::open",
+                                    "T[W] kt_file::open opening ten.txt file with mode r\n" + seek("2") + size + seek("0"), "0"));
     for (int open_or_not = 0; open_or_not < 2; ++open_or_not) {
-        EXPECT_EQ(file.close(), 0);
+        EXPECT_EQ(sum({file.close(), file.file_size()}), 0);
         EXPECT_EQ(lines.take(), call_of("kt_file::close", "T[W] kt_file::close closing <ten.txt> file\n", "0"));
-        EXPECT_EQ(file.file_size(), 0);
     }
-    kt_file bare{ustring("/a.txt")};
-    EXPECT_EQ(text_of(bare.file_name().text()), test_directory().string() + native("/") + "a.txt");
-    EXPECT_EQ(lines.take(), call_of("kt_file(file_name)", "", ""));
+    for (const std::string name : {"/a.txt", ""}) {
+        EXPECT_EQ(text_of(kt_file(ustring(name.c_str())).file_name().text()),
+                  native(test_directory().generic_string() + "/") + name.substr(name.size() != 0));
+        EXPECT_EQ(lines.take(), call_of("kt_file(file_name)", "", ""));
+    }
 }
 
 TEST(KtFile, TellsWhatCantBeOpened) {
     std::filesystem::create_directories("folder");
+    write_file("ten.txt", "0123456789");
     const std::pair<std::string, std::string> cases[] = {{"missing.txt", "r"}, {"folder", "r"},     {"folder", "w"}, {"", "r"},
                                                          {"missing.txt", ""},  {"missing.txt", "?"}};
     for (const auto & [name, mode] : cases) {
-        kt_file file(pathname(name.c_str()));
-        transcript lines;
-        EXPECT_EQ(file.open(mode.c_str()), 250) << name;
-        const std::string all = lines.take(), error = all.substr(all.find("errno =\t") + 8);
-        EXPECT_NE(error.front(), '0') << all;
-        EXPECT_EQ(all, call_of("kt_file::open",
-                               "T[W] kt_file::open opening " + name + " file with mode " + mode +
-                                   "\nT[E] kt_file::open Error opening -->" + name + "<-- file\nL MSG0017 [F] Error " +
-                                   "opening the file " + name + ", errno =\t" + error.substr(0, error.find('\n') + 1),
-                               "quit 250"));
+        kt_file file(pathname("ten.txt"));
+        EXPECT_EQ(file.open("r"), 0);
+        file.set_file_name(name.c_str());
+        EXPECT_EQ(without({}, told([&] { return file.open(mode.c_str()); })),
+                  call_of("kt_file::open",
+                          "T[W] kt_file::open opening " + name + " file with mode " + mode +
+                              "\nT[E] kt_file::open Error opening -->" + name +
+                              "<-- file\nL MSG0017 [F] Error opening the file " + name + ", errno =\tN.\n",
+                          "250", true) +
+                      "250");
         EXPECT_EQ(file.file_size(), 0);
     }
 }
@@ -72,85 +60,62 @@ TEST(KtFile, SaysWhenItIsNotOpen) {
     long position = 7;
     char byte = 0;
     const std::tuple<std::string, std::function<int()>, int, const char *> cases[] = {
-        {"kt_file::seek", [&] { return file.seek(0, 0); }, 255, "quit 255"},
-        {"kt_file::get_pos", [&] { return file.get_pos(&position); }, 255, "quit 255"},
-        {"kt_file::write", [&] { return file.write(line); }, 255, "quit 255"},
-        {"kt_file::write(b,s)", [&] { return file.write(&byte, 1); }, 255, "quit 255"},
-        {"kt_file:read", [&] { return file.read(&byte, 1, 1); }, 255, "quit 255"},
-        {"kt_file:read", [&] { return static_cast<int>(file.read(&byte, 1)); }, 0, "quit 0"},
-        {"kt_file::get_line", [&] { return file.get_line(line); }, 0, "quit"}};
-    for (const auto & [name, call, result, end] : cases) {
-        transcript lines;
-        EXPECT_EQ(call(), result);
-        EXPECT_EQ(lines.take(), call_of(name, "T[F] " + name + " file <x> not open\n" + not_open, end));
-    }
-    EXPECT_EQ(position, 7);
-    EXPECT_EQ(text_of(line), "kept");
+        {"kt_file::seek", [&] { return file.seek(0, 0); }, 255, "255"},
+        {"kt_file::get_pos", [&] { return file.get_pos(&position); }, 255, "255"},
+        {"kt_file::write", [&] { return file.write(line); }, 255, "255"},
+        {"kt_file::write(b,s)", [&] { return file.write(&byte, 1); }, 255, "255"},
+        {"kt_file:read", [&] { return file.read(&byte, 1, 1); }, 255, "255"},
+        {"kt_file:read", [&] { return static_cast<int>(file.read(&byte, 1)); }, 0, "0"},
+        {"kt_file::get_line", [&] { return file.get_line(line); }, 0, ""}};
+    for (const auto & [name, call, code, shown] : cases)
+        EXPECT_EQ(told(call),
+                  call_of(name, "T[F] " + name + " file <x> not open\n" + not_open, shown, true) + std::to_string(code));
+    EXPECT_EQ(text_of(line) + std::to_string(position), "kept7");
 }
 
 TEST(KtFile, ReadsAndSeeks) {
     write_file("data.txt", "one\r\ntwo\n\nlast");
     kt_file file(pathname("data.txt"));
     EXPECT_EQ(file.open("r"), 0);
-    transcript lines(1);
     ustring line;
     std::string read;
-    long position = 0;
-    while (file.get_line(line)) {
-        EXPECT_EQ(file.get_pos(&position), 0);
+    for (long position = 0; file.get_line(line) && file.get_pos(&position) == 0;)
         read += text_of(line) + "@" + std::to_string(position) + " ";
-    }
     EXPECT_EQ(read + text_of(line), "one@5 two@9 @10 last@14 last");
-    EXPECT_EQ(lines.take(), "T[I] kt_file::get_line read line one\nT[I] kt_file::get_line read line two\n"
-                            "T[I] kt_file::get_line read line \nT[I] kt_file::get_line read line last\n");
     char buffer[16] = {};
-    EXPECT_EQ(file.seek(-4, SEEK_END) + file.read(buffer, 2, 2), 0);
-    EXPECT_EQ(std::string(buffer, 4), "last");
-    lines.take();
-    EXPECT_EQ(file.read(buffer, 8), 0U);
-    EXPECT_EQ(lines.take(), "");
+    EXPECT_EQ(sum({file.seek(-4, SEEK_END), file.read(buffer, 2, 2)}), 0);
+    EXPECT_EQ(told([&] { return sum({file.read(buffer + 4, 8), file.get_line(line)}); }, 1), "0");
     EXPECT_EQ(file.seek(11, SEEK_SET), 0);
-    lines.take();
-    EXPECT_EQ(file.read(buffer, 1, 5), 254);
-    EXPECT_EQ(std::string(buffer, 3), "ast");
-    EXPECT_EQ(file.seek(-1, SEEK_SET), 253);
-    EXPECT_EQ(lines.take(), "T[F] kt_file:read Error reading from data.txt file. count = 5, read_bytes =3\n"
-                            "L MSG0037 [F] System error reading 5 bytes from file data.txt. Read 3 bytes.\n"
-                            "T[W] kt_file::seek seeking in data.txt file. offset is -1 origin is 0\n"
-                            "T[E] kt_file::seek Error seeking in file data.txt at offset -1 from origin 0\n"
-                            "L MSG0019 [F] Error seeking in the file data.txt to offset -1 from origin 0.\n");
+    EXPECT_EQ(told([&] { return file.read(buffer + 4, 1, 5); }, 1),
+              "T[F] kt_file:read Error reading from data.txt file. count = 5, read_bytes =3\n"
+              "L MSG0037 [F] System error reading 5 bytes from file data.txt. Read 3 bytes.\n254");
+    EXPECT_STREQ(buffer, "lastast");
+    EXPECT_EQ(told([&] { return file.seek(-1, SEEK_SET); }, 1),
+              "T[W] kt_file::seek seeking in data.txt file. offset is -1 origin is 0\n"
+              "T[E] kt_file::seek Error seeking in file data.txt at offset -1 from origin 0\n"
+              "L MSG0019 [F] Error seeking in the file data.txt to offset -1 from origin 0.\n253");
     EXPECT_EQ(file.close(), 0);
 }
 
 TEST(KtFile, Writes) {
-    kt_file file;
-    file.set_file_name("out.bin");
-    EXPECT_EQ(file.open("wb"), 0);
+    kt_file file(pathname("out.bin"));
     const std::string bytes("caf\xC3\xA9 \xE9 \0 z", 11);
-    EXPECT_EQ(file.write(from_bytes(bytes)), 0);
-    EXPECT_EQ(file.write(ustring()), 0);
-    EXPECT_EQ(file.write("\n!", 2), 0);
-    EXPECT_EQ(file.file_size(), 0);
-    EXPECT_EQ(file.open("ab"), 0); // the first stream is closed without a word
-    EXPECT_EQ(file.file_size(), 13);
+    EXPECT_EQ(sum({file.open("wb"), file.write(from_bytes(bytes)), file.write(ustring()), file.write("\n!", 2)}), 0);
+    EXPECT_EQ(sum({file.open("ab"), file.file_size()}), 13); // the first stream is closed without a word
     EXPECT_EQ(file.close(), 0);
     EXPECT_EQ(read_file("out.bin"), bytes + "\n!");
-    EXPECT_EQ(file.open("w+b"), 0); // reading and writing in turns
     ustring line;
-    EXPECT_EQ(file.write("ab\n", 3) + file.seek(0, SEEK_SET), 0);
+    EXPECT_EQ(sum({file.open("w+b"), file.write("ab\n", 3), file.seek(0, SEEK_SET)}), 0); // reading and writing in turns
     EXPECT_TRUE(file.get_line(line));
-    EXPECT_EQ(file.write("cd\n", 3), 0);
-    EXPECT_FALSE(file.get_line(line));
-    EXPECT_EQ(file.write("ef", 2), 0);
-    EXPECT_EQ(file.close(), 0);
+    EXPECT_EQ(sum({file.write("cd\n", 3), file.get_line(line), file.write("ef", 2), file.close()}), 0);
     EXPECT_EQ(read_file("out.bin"), "ab\ncd\nef");
     EXPECT_EQ(file.open("rb"), 0);
-    transcript lines(1);
-    EXPECT_EQ(file.write(ustring("\xC3\xA9")), 251);
-    EXPECT_EQ(lines.take(), "T[F] kt_file::write error writing to file out.bin. written is 0\n"
-                            "L MSG0018 [F] Error writing to file out.bin. Written bytes were 0, to write 2.\n");
-    EXPECT_EQ(file.write("abc", 3), 251);
-    EXPECT_EQ(lines.take().find("T[F] kt_file::write(b,s) error writing to file out.bin. written is 0, errno is "), 0U);
+    EXPECT_EQ(told([&] { return file.write(ustring("\xC3\xA9")); }, 1),
+              "T[F] kt_file::write error writing to file out.bin. written is 0\n"
+              "L MSG0018 [F] Error writing to file out.bin. Written bytes were 0, to write 2.\n251");
+    EXPECT_EQ(without({}, told([&] { return file.write("abc", 3); }, 1)),
+              "T[F] kt_file::write(b,s) error writing to file out.bin. written is 0, errno is N\n"
+              "L MSG0018 [F] Error writing to file out.bin. Written bytes were 0, to write 3.\n251");
     EXPECT_EQ(file.close(), 0); // told already
 }
 
@@ -160,54 +125,66 @@ TEST(KtFile, MovesAndRemoves) {
     kt_file file(pathname("from.txt"));
     if (const auto holder = hold_file("to.txt")) { // nothing of either file is lost, and no stream stays open
         kt_file held(pathname("to.txt"));
-        for (const char * mode : {"r", "w", "a"}) EXPECT_EQ(held.open(mode), 250) << mode;
-        EXPECT_EQ(held.removef(), 257);
-        EXPECT_EQ(file.copy_to("to.txt"), 6);
+        EXPECT_EQ(sum({held.open("r"), held.open("w"), held.open("a")}), 750);
+        EXPECT_EQ(sum({held.removef(), file.copy_to("to.txt")}), 263);
     }
-    transcript lines;
-    EXPECT_EQ(file.copy_to("to.txt"), 0);
+    const auto move = [&] { return file.copy_to("to.txt"); };
+    const auto remove = [&] { return file.removef(); };
     const std::string moving = "T[W] kt_file::copy_to renaming file <from.txt> to <to.txt>\n"
-                               "T[W] kt_file::copy_to remove done with rc=0, errno=0\n";
-    EXPECT_EQ(lines.take(), call_of("kt_file::copy_to", moving, "0"));
+                               "T[W] kt_file::copy_to remove done with rc=0, errno=0\n",
+                      refused = "T[E] kt_file::copy_to Rename failed with rc=-1, errno=2\n"
+                                "L MSG0016 [E] The execution of the command to.txt returned rc -1, errno = 2\n";
+    EXPECT_EQ(told(move), call_of("kt_file::copy_to", moving, "0") + "0");
     EXPECT_EQ(read_file("to.txt") + read_file("from.txt"), "new(no file)");
-    EXPECT_EQ(file.copy_to("to.txt"), 6); // what was there is gone
-    EXPECT_EQ(lines.take(), call_of("kt_file::copy_to",
-                                    moving + "T[E] kt_file::copy_to Rename failed with rc=-1, errno=2\n"
-                                             "L MSG0016 [E] The execution of the command to.txt returned rc -1, errno = 2\n",
-                                    "quit 6"));
-    EXPECT_EQ(file.removef(), 0);
-    EXPECT_EQ(lines.take(), call_of("kt_file::removef", "", "0"));
+    EXPECT_EQ(told(move), call_of("kt_file::copy_to", moving + refused, "6", true) + "6"); // what was there is gone
+    EXPECT_EQ(told(remove), call_of("kt_file::removef", "", "0") + "0");
     std::filesystem::create_directories("kept");
     file.set_file_name("kept");
-    EXPECT_EQ(file.removef(), 257);
-    const std::string text = lines.take();
-    const std::string error = text.substr(text.find("errno = ") + 8, text.find("\nL") - text.find("errno = ") - 8);
-    EXPECT_EQ(text, call_of("kt_file::removef",
-                            "T[E] kt_file::removef error removing file kept. rc = -1, errno = " + error +
-                                "\nL MSG0045 [W] An error has been encountered removing the file kept. Errno was " + error + "\n",
-                            "257"));
+    EXPECT_EQ(without({}, told(remove)),
+              call_of("kt_file::removef",
+                      "T[E] kt_file::removef error removing file kept. rc = -1, errno = N\n"
+                      "L MSG0045 [W] An error has been encountered removing the file kept. Errno was N\n",
+                      "257") +
+                  "257");
     EXPECT_TRUE(std::filesystem::exists("kept"));
+    file.set_file_name(from_bytes(std::string("kept\0x", 6))); // not what stands in front of the zero
+    EXPECT_EQ(sum({file.removef(), file.copy_to("to.txt")}), 263);
     for (const char * name : {"caf\xC3\xA9.txt", "caf\xE9.txt"}) { // of a caller in UTF-8 and of one in the code page
         file.set_file_name(name);
-        EXPECT_EQ(file.open("w"), 0);
-        EXPECT_EQ(file.close(), 0);
+        EXPECT_EQ(sum({file.open("w"), file.close()}), 0);
         EXPECT_TRUE(read_file(name).empty() || std::filesystem::exists(std::filesystem::u8path(name)));
         EXPECT_EQ(file.copy_to("\xC3\xBC.txt"), 0);
         EXPECT_EQ(kt_chkfile(name) * 10 + kt_chkfile("\xC3\xBC.txt"), 1);
     }
 }
 
-/// What a full disk and a lost descriptor leave behind, where the system has them.
-TEST(KtFile, KeepsTheStreamWhenClosingFails) {
-    kt_file full(pathname("/dev/full"));
-    if (kt_chkfile("/dev/full") == 0)
-        GTEST_SKIP() << "no such device here";
-    EXPECT_EQ(full.open("w"), 0);
-    EXPECT_EQ(full.write("x", 1), 0);
-    transcript lines(3);
-    EXPECT_EQ(full.close(), 252);
-    EXPECT_EQ(lines.take(), "T[E] kt_file::close Error closing /dev/full\n"
-                            "L MSG0020 [F] Error closing the file /dev/full\n");
+/// A full disk and a pipe, which opens but can't be measured, where the system has them.
+TEST(KtFile, WorksOnDevicesAsFarAsTheyGo) {
+    kt_file full(pathname("/dev/full")), pipe(pathname("pipe"));
+    if (kt_chkfile("/dev/full") == 0 || std::system("mkfifo pipe") != 0)
+        GTEST_SKIP() << "no such devices here";
+    EXPECT_EQ(sum({full.open("w"), full.write("x", 1)}), 0);
+    EXPECT_EQ(told([&] { return full.close(); }, 3), "T[E] kt_file::close Error closing /dev/full\n"
+                                                     "L MSG0020 [F] Error closing the file /dev/full\n252");
     EXPECT_EQ(full.write(std::string(100000, 'x').c_str(), 100000), 251); // still open
+    char byte = 0;
+    for (const bool items : {false, true}) { // what is lost in turning to reading is told by `close`, once
+        EXPECT_EQ(sum({full.open("w+"), full.write("x", 1)}), 0);
+        EXPECT_EQ(items ? full.read(&byte, 1, 1) : static_cast<int>(full.read(&byte, 1)), items ? 0 : 1);
+        EXPECT_EQ(full.close(), 252);
+        EXPECT_EQ(full.close(), 0);
+    }
+    EXPECT_EQ(told([&] { return pipe.open("r+"); }, 3),
+              "T[E] kt_file::seek Error seeking in file pipe at offset 0 from origin 2\n"
+              "L MSG0019 [F] Error seeking in the file pipe to offset 0 from origin 2.\n"
+              "T[F] kt_file::open Error seeking at the end of the file -->pipe<--\n253");
+    vector topv;
+    ustring server;
+    EXPECT_EQ(sum({pipe.write("count = 1\nr = a,R\n[r]\ncount = 2\n", 32), pipe.load_top(server, topv)}), 0);
+    EXPECT_EQ(told([&] { return pipe.load_offsets(topv); }, 3),
+              "T[F] kt_file::get_pos Error getting the position of the file\n"
+              "T[F] kt_file::load_offsets Error reading section offset -->[r]<--\n"
+              "L MSG0113 [E]  Unable to locate section <[r]> in file <pipe>.\n256");
+    EXPECT_EQ(file_input_parms().get_fips("pipe", 1, "USER=", 3), 253);
 }
 } // namespace

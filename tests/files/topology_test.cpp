@@ -1,146 +1,125 @@
 #include "support.h"
 
-#include <tuple>
+#include <sstream>
 
-using namespace orvet;
-using namespace orvet_test;
 namespace {
-/// What a load leaves: codes, server, then a line a domain.
+/// What a load leaves: codes, server, names of the domains, and the lines without those of each read and print call.
 struct loaded {
-    explicit loaded(const std::string & text, int trace_level = 6) {
+    loaded(const std::string & text, int trace_level) {
         write_file("scan.txt", text);
         kt_file file(pathname("scan.txt"));
-        EXPECT_EQ(file.open("r"), 0);
-        EXPECT_EQ(file.find_section("[topology]"), 0);
+        EXPECT_EQ(sum({file.open("r"), file.find_section("[topology]")}), 0);
         transcript said(trace_level);
         top_code = file.load_top(server, topv);
-        if (top_code == 0)
-            offsets_code = file.load_offsets(topv);
-        lines = said.take();
+        offsets_code = top_code == 0 ? file.load_offsets(topv) : short{-99};
+        lines = without({"[C] kt_file::get_", "[C] print_topv"}, said.take());
         EXPECT_EQ(file.close(), 0);
         for (unsigned i = 0; i < topv.size(); ++i) names += text_of(static_cast<const top_entry &>(*topv[i]).domain_name) + " ";
     }
-    short top_code = 0, offsets_code = -99;
+    short top_code, offsets_code;
     ustring server;
     vector topv;
     std::string names, lines;
 };
 
 TEST(Topology, LoadsWithItsWholeTrace) {
-    const loaded result("[topology]\ncount = 2\nhq = any,HQ1\nnorth = any,NTH,push,HQ1\n\n[hq]\ncount = 1\nentry\n"
-                        "[north]\ncount = 0\n",
-                        0);
-    EXPECT_EQ(result.top_code + result.offsets_code, 0);
+    loaded result("[topology]\ncount = 2\nhq = any,HQ1\nnorth = any,NTH,push,HQ1\n\n[hq]\ncount = 1\nentry\n[north]\ncount = 0\n",
+                  1);
     EXPECT_EQ(text_of(result.server), "HQ1_HQ1");
-    const std::string path = native("HQ1_HQ1/NTH_NTH");
-    const auto call = [](const std::string & name, const std::string & own, bool returns = true) {
-        const std::string begin = "T[C] " + name + " ";
-        return begin + ">>>> ENTRY>>>>>\n" + own + (returns ? begin + "return data = 0\n" : "") + begin + "<<<<<<<<<< EXIT\n";
-    };
-    const auto read = [&](const std::string & line) {
-        return call("kt_file::get_line", "T[I] kt_file::get_line read line " + line + "\n", false);
-    };
-    const auto checkpoint = [&](const std::string & label, const std::string & hq, const std::string & north) {
-        const std::string begin = "T[I] print_topv " + label + "-topv[";
-        return call("print_topv", begin + "0] = <HQ1,> trg_sect_info = <[hq]," + hq + ">\n" + begin + "1] = <NTH," + path +
-                                      "> trg_sect_info = <[north]," + north + ">\n");
-    };
-    const auto section = [&](const std::string & skipped, const std::string & name, int count, int offset) {
-        const std::string n = std::to_string(count), at = std::to_string(offset);
-        return call("kt_file::seek_section", skipped + read(name) + read("count = " + n) +
-                                                 "T[I] kt_file::seek_section Section <" + name + "> found. Count = <" + n +
-                                                 "> \n") +
-               call("kt_file::get_pos", "") + "T[I] kt_file::load_offsets Loaded offset (" + at + ") for section (" + name +
-               ") with (" + n + ") entries\nL MSG0114 [I]  Loading <" + n + "> targets info for domain <" + name + ">.\n";
-    };
-    const std::string top = "T[I] kt_file::load_top ";
-    EXPECT_EQ(result.lines,
-              call("kt_file::load_top",
-                   read("count = 2") + top + "count = <2>\n" + read("hq = any,HQ1") + top + "Dep = <[hq] , HQ1 , > \n" +
-                       read("north = any,NTH,push,HQ1") + top + "Dep = <[north] , NTH , " + path + "> \n" +
-                       checkpoint("load_top_after_loading", "0,0", "0,0") + top + "Valid dependency found: <1,HQ1> by <0,HQ1>\n" +
-                       checkpoint("load_top_after_depcheck", "0,0", "0,0")) +
-                  call("kt_file::load_offsets", section(read(""), "[hq]", 1, 75) + section(read("entry"), "[north]", 0, 99) +
-                                                    checkpoint("load_dom_after_loading", "1,75", "0,99") +
-                                                    checkpoint("load_dom_after_qsort", "1,75", "0,99")));
+    std::replace(result.lines.begin(), result.lines.end(), '\\', '/');
+    EXPECT_EQ(without({"get_line"}, result.lines), R"(T[I] kt_file::load_top count = <2>
+T[I] kt_file::load_top Dep = <[hq] , HQ1 , > 
+T[I] kt_file::load_top Dep = <[north] , NTH , HQ1_HQ1/NTH_NTH> 
+T[I] print_topv load_top_after_loading-topv[0] = <HQ1,> trg_sect_info = <[hq],0,0>
+T[I] print_topv load_top_after_loading-topv[1] = <NTH,HQ1_HQ1/NTH_NTH> trg_sect_info = <[north],0,0>
+T[I] kt_file::load_top Valid dependency found: <1,HQ1> by <0,HQ1>
+T[I] print_topv load_top_after_depcheck-topv[0] = <HQ1,> trg_sect_info = <[hq],0,0>
+T[I] print_topv load_top_after_depcheck-topv[1] = <NTH,HQ1_HQ1/NTH_NTH> trg_sect_info = <[north],0,0>
+T[I] kt_file::seek_section Section <[hq]> found. Count = <1> 
+T[I] kt_file::load_offsets Loaded offset (75) for section ([hq]) with (1) entries
+L MSG0114 [I]  Loading <1> targets info for domain <[hq]>.
+T[I] kt_file::seek_section Section <[north]> found. Count = <0> 
+T[I] kt_file::load_offsets Loaded offset (99) for section ([north]) with (0) entries
+L MSG0114 [I]  Loading <0> targets info for domain <[north]>.
+T[I] print_topv load_dom_after_loading-topv[0] = <HQ1,> trg_sect_info = <[hq],1,75>
+T[I] print_topv load_dom_after_loading-topv[1] = <NTH,HQ1_HQ1/NTH_NTH> trg_sect_info = <[north],0,99>
+T[I] print_topv load_dom_after_qsort-topv[0] = <HQ1,> trg_sect_info = <[hq],1,75>
+T[I] print_topv load_dom_after_qsort-topv[1] = <NTH,HQ1_HQ1/NTH_NTH> trg_sect_info = <[north],0,99>
+)");
 }
 
-/// A topology section of these lines; each key has an empty target section.
-std::string topology(const std::vector<std::string> & domains) {
-    std::string text = "[topology]\ncount = " + std::to_string(domains.size()) + "\n", sections;
-    for (const std::string & domain : domains) {
-        text += domain + "\n";
-        sections += "[" + domain.substr(0, domain.find(" = ")) + "]\ncount = 0\n";
+/// A topology of these domains, each NAME:MODE<DEPENDENCY, and an empty target section for each.
+std::string topology(const std::string & domains) {
+    const auto count = static_cast<int>(std::count(domains.begin(), domains.end(), ' ')) + 1;
+    std::string text = "[topology]\ncount = " + std::to_string(count) + "\n", sections;
+    std::istringstream in(domains);
+    for (std::string name, mode, key = "%s%d"; in >> name; key += "+") {
+        const std::size_t end = name.find('<'), colon = std::min(name.find(':'), end);
+        mode = colon == end ? "push" : name.substr(colon + 1, end - colon - 1);
+        text += key + " = a," + name.substr(0, colon) + "," + mode + "," + (end < name.size() ? name.substr(end + 1) : "") + "\n";
+        sections += "[" + key + "]\ncount = 0\n";
     }
     return text + sections;
 }
 
 TEST(Topology, TakesOutDomainsWhoseDependencyIsMissing) {
-    const auto gone = [](int number, const std::string & name, const std::string & dependency) {
-        return "L MSG0107 [E]  Discovered domain number <" + std::to_string(number) + "> with RGN <" + name +
-               "> depends from unexisting domain <" + dependency + ">. All domain targets will be ignored.\n";
+    // The trace tells the place in the vector, the log the number in the file.
+    const auto gone = [](const std::string & place, const std::string & n, const std::string & name,
+                         const std::string & dependency) {
+        return "T[E] kt_file::load_top Invalid domaind dependency found <" + place + "," + name + "," + dependency +
+               ">\nL MSG0107 [E]  Discovered domain number <" + n + "> with RGN <" + name + "> depends from unexisting domain <" +
+               dependency + ">. All domain targets will be ignored.\n";
     };
-    const auto odd = [](int number, const std::string & name, const std::string & mode) {
-        return "L MSG0108 [W]  Discovered domain number <" + std::to_string(number) + "> with RGN <" + name +
-               "> has an invalid mode <" + mode + "> (probably discovery should be started there). Domain is included anyhow.\n";
+    const auto odd = [](const std::string & n, const std::string & name, const std::string & mode) {
+        return "T[W] kt_file::load_top Domain <" + n + "," + name + "," + mode + "> is not push\nL MSG0108 [W]  " +
+               "Discovered domain number <" + n + "> with RGN <" + name + "> has an invalid mode <" + mode +
+               "> (probably discovery should be started there). Domain is included anyhow.\n";
     };
-    const std::tuple<const char *, std::vector<std::string>, std::string, std::string> cases[] = {
-        {"a chain goes down to its end",
-         {"r = a,R", "b = a,B,push,X", "c = a,C,push,B", "d = a,D,push,R"},
-         "R D ",
-         gone(1, "B", "X") + gone(2, "C", "B")},
-        {"one in front of the removed stays", {"r = a,R", "c = a,C,push,B", "b = a,B,push,X"}, "R C ", gone(2, "B", "X")},
-        {"the root is never tested", {"r = a,R,pull,X", "b = a,B,push"}, "R B ", ""},
-        {"itself, one further down, each other",
-         {"r = a,R", "b = a,B,push,B", "c = a,C,push,D", "d = a,D,push,C"},
-         "R B C D ",
-         ""},
-        {"another case is another name", {"r = a,R", "b = a,B,push,r"}, "R ", gone(1, "B", "r")},
-        {"the second of a name takes its place",
-         {"r = a,R", "b = a,B,push,X", "b2 = a,B,push,R", "c = a,C,push,B"},
-         "R B C ",
-         gone(1, "B", "X")},
-        {"both of a name go",
-         {"r = a,R", "b = a,B,push,X", "b2 = a,B,push,Y", "c = a,C,push,B"},
-         "R ",
-         gone(1, "B", "X") + gone(2, "B", "Y") + gone(3, "C", "B")},
-        {"an odd mode is told and stays",
-         {"r = a,R", "b = a,BB,pull,R", "c = a,CCC"},
-         "R CCC BB ",
-         odd(1, "BB", "pull") + odd(2, "CCC", "")},
-        {"equal lengths stay as in the file",
-         {"r = a,R", "a = a,AAAA,push,R", "b = a,B,push,AAAA", "c = a,C,push,R", "d = a,D,push,R"},
-         "R C D AAAA B ",
-         ""},
-        {"a percent sign is plain text", {"r%s%d = a,%s"}, "%s ", ""}};
+    std::string many = "R", many_names = "R ";
+    for (int i = 10; i < 60; ++i) many += " N" + std::to_string(i) + "<R", many_names += "N" + std::to_string(i) + " ";
+    const std::tuple<const char *, std::string, std::string, std::string> cases[] = {
+        {"a chain goes down to its end", "R B<X C<B D<R", "R D ", gone("1", "1", "B", "X") + gone("1", "2", "C", "B")},
+        {"one in front of the removed stays", "R C<B B<X", "R C ", gone("2", "2", "B", "X")},
+        {"the root is never tested", "R:pull<X B", "R B ", ""},
+        {"itself, and each other", "R B<B C<D D<C", "R B C D ", ""},
+        {"another case is another name", "R B<r", "R ", gone("1", "1", "B", "r")},
+        {"the second of a name takes its place", "R B<X B<R C<B", "R B C ", gone("1", "1", "B", "X")},
+        {"both of a name go", "R B<X B<Y C<B", "R ",
+         gone("1", "1", "B", "X") + gone("1", "2", "B", "Y") + gone("1", "3", "C", "B")},
+        {"an odd mode is told and stays", "R BB:pull<R CCC:", "R CCC BB ", odd("1", "BB", "pull") + odd("2", "CCC", "")},
+        {"shorter paths first", "R AAAA<R B<AAAA C<R", "R C AAAA B ", ""},
+        {"equal lengths stay as in the file", many, many_names, ""},
+        {"a percent sign is plain text", "%s", "%s ", ""}};
     for (const auto & [what, domains, kept, log] : cases) {
-        const loaded result(topology(domains));
-        EXPECT_EQ(result.top_code + result.offsets_code, 0) << what;
-        EXPECT_EQ(result.names, kept) << what;
+        const loaded result(topology(domains), 2);
+        EXPECT_EQ(std::to_string(result.top_code + result.offsets_code) + result.names, "0" + kept) << what;
         EXPECT_EQ(result.lines.substr(0, result.lines.find("L MSG0114")), log) << what;
     }
-    // The trace tells the place in the vector, the log the number in the file.
-    const loaded result(topology({"r = a,R", "b = a,B,push,X", "c = a,C,push,D", "d = a,D,push,D", "e = a,E,push,C"}), 1);
+    const loaded result(topology("R B<X C<D D<D D<R E<C"), 1);
     std::string check = result.lines.substr(result.lines.find("T[E]"));
     check.erase(check.find("T[I] print_topv"));
-    EXPECT_EQ(check, "T[E] kt_file::load_top Invalid domaind dependency found <1,B,X>\n" + gone(1, "B", "X") +
-                         "T[I] kt_file::load_top Valid dependency found: <1,D> by <2,D>\n"
-                         "T[I] kt_file::load_top Valid dependency found: <2,D> by <2,D>\n"
-                         "T[I] kt_file::load_top Valid dependency found: <3,C> by <1,C>\n");
+    EXPECT_EQ(check, gone("1", "1", "B", "X") + "T[I] kt_file::load_top Valid dependency found: <1,D> by <2,D>\n"
+                                                "T[I] kt_file::load_top Valid dependency found: <2,D> by <2,D>\n"
+                                                "T[I] kt_file::load_top Valid dependency found: <3,R> by <0,R>\n"
+                                                "T[I] kt_file::load_top Valid dependency found: <4,C> by <1,C>\n");
+    codable * const two[] = {result.topv[0], result.topv[1]};
+    EXPECT_TRUE(sort_on_dep_len(two, two + 1) == -1 && sort_on_dep_len(two + 1, two) == 1 && sort_on_dep_len(two, two) == 0);
 }
 
 TEST(Topology, RefusesWhatItCantRead) {
-    const std::string no_count = "L MSG0112 [E]  Error parsing section <topology> of file <scan.txt>. A \"count = "
-                                 "<value>\" string was expected.\n";
-    const auto missing = [](const std::string & head) {
-        return "L MSG0113 [E]  Unable to locate section <" + head + "> in file <scan.txt>.\n";
+    const std::string no_count = "T[E] kt_file::load_top Error 259 parsing count line\nL MSG0112 [E]  Error parsing section "
+                                 "<topology> of file <scan.txt>. A \"count = <value>\" string was expected.\n";
+    const auto missing = [](const std::string & head, const std::string & why = "reading kt_file while locating <[r]>") {
+        return "T[E] kt_file::seek_section Error " + why + "\nT[F] kt_file::load_offsets Error locating section <" + head +
+               "> in kt_file\nL MSG0113 [E]  Unable to locate section <" + head + "> in file <scan.txt>.\n";
     };
-    const auto bad_line = [](const std::string & number) {
-        return "L MSG0111 [E]  Error parsing line <" + number +
-               "> of section <topology> of file <scan.txt>. A \"<key> = "
-               "<value>\" string was expected.\n";
+    const auto bad_line = [](const std::string & n) {
+        return "T[E] kt_file::load_top Error 258 parsing topology section at offset <" + n + ">\nL MSG0111 [E]  Error parsing " +
+               "line <" + n + "> of section <topology> of file <scan.txt>. A \"<key> = <value>\" string was expected.\n";
     };
     const std::string root = "[topology]\ncount = 2\nr = a,R\n", loading = "L MSG0114 [I]  Loading <";
+    std::string most;
+    for (int i = 0; i < 32767; ++i) most += "R ";
     const std::tuple<std::string, int, int, std::string, std::string> cases[] = {
         {"[topology]", 259, -99, "", no_count},
         {"[topology]\ncount=1\nr = a,R\n", 259, -99, "", no_count},
@@ -151,17 +130,39 @@ TEST(Topology, RefusesWhatItCantRead) {
         {"[topology]\ncount = 1\nbad\n", 258, -99, "", bad_line("0")},
         {root + "bad line\n", 258, -99, "R ", bad_line("1")},
         {root + "b = a,B,push\n[b]\ncount = 1\n[r]\ncount = 1\n", 0, 260, "R B ",
-         loading + "1> targets info for domain <[r]>.\n" + missing("[b]")},
-        {root + "b = a,B,push\n[r]\nno count\n", 0, 258, "R B ", missing("[r]")},
-        {"[topology]\ncount = 3\nr = a,R,push\n", 0, 260, "R R R ", missing("[r]")}, // the last line stands for the rest
+         loading + "1> targets info for domain <[r]>.\n" + missing("[b]", "reading kt_file while locating <[b]>")},
+        {root + "b = a,B,push\n[r]\nno count\n", 0, 258, "R B ", missing("[r]", "258 parsing line")},
+        {"[topology]\ncount = 32767\nr = a,R,push\n", 0, 260, most, missing("[r]")}, // the last line stands for the rest
         {"[topology]\r\ncount = 1\r\nr = a,R\r\n[r]\r\ncount = x", 0, 0, "R ", loading + "0> targets info for domain <[r]>.\n"}};
     for (const auto & [text, top_code, offsets_code, names, log] : cases) {
-        const loaded result(text);
-        EXPECT_EQ(result.top_code, top_code) << text;
-        EXPECT_EQ(result.offsets_code, offsets_code) << text;
-        EXPECT_EQ(result.names, names) << text;
-        EXPECT_EQ(text_of(result.server), names.empty() ? "" : "R_R") << text;
+        const loaded result(text, 3);
+        EXPECT_TRUE(result.top_code == top_code && result.offsets_code == offsets_code) << text;
+        EXPECT_EQ(text_of(result.server) + result.names, names.empty() ? "" : "R_R" + names) << text;
         EXPECT_EQ(result.lines, log) << text;
     }
+}
+
+TEST(Topology, PassesOverWhatIsNoDomain) {
+    vector topv, none, other;
+    other.push_back(new sof_entry("[x]", static_cast<sof_entry::sectype>(1)));
+    for (const vector & sections : {none, other}) topv.push_back(new top_entry("N", "", sections));
+    const auto call = [](const std::string & name, const std::string & own = "") {
+        return "T[C] " + name + " >>>> ENTRY>>>>>\n" + own + "T[C] " + name + " return data = 0\nT[C] " + name +
+               " <<<<<<<<<< EXIT\n";
+    };
+    const std::string print = call("print_topv");
+    write_file("scan.txt", "count = 0\n[a]\n");
+    kt_file file(pathname("scan.txt"));
+    ustring server;
+    vector nothing;
+    EXPECT_EQ(file.open("r"), 0);
+    EXPECT_EQ(without({"get_line"}, told([&] {
+                          return sum({file.load_top(server, nothing), file.seek_section("[a]", nullptr, 0)});
+                      })),
+              call("kt_file::load_top", "T[I] kt_file::load_top count = <0>\n" + print + print) + call("kt_file::seek_section") +
+                  "0");
+    EXPECT_EQ(told([&] { return file.load_offsets(topv); }), call("kt_file::load_offsets", print + print) + "0");
+    topv.push_back(new ustring("text"));
+    EXPECT_EQ(told([&] { return print_topv(topv, "x"); }), print + "0");
 }
 } // namespace

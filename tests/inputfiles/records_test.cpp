@@ -1,11 +1,7 @@
 #include "support.h"
 
-#include <algorithm>
 #include <iterator>
-#include <memory>
 
-using namespace orvet;
-using namespace orvet_test;
 namespace {
 template <class Record>
 struct field {
@@ -37,13 +33,6 @@ LAYOUT(auth_profile_info, 14, FIELD(usProfileName), FIELD(usManageAll), FIELD(us
        FIELD(usConfigurationView), FIELD(usPurgeRequests), FIELD(usManageRequestes));
 LAYOUT(user_info, 36, FIELD(usUserName), FIELD(usProfileName));
 // clang-format on
-template <class Record>
-std::string values(const Record & record) {
-    std::string text;
-    for (const auto & each : layout<Record>::fields) text += text_of((record.*each.get)()) + "|";
-    return text;
-}
-
 /// The marked keywords, each with the field's value; a field that left its default without a mark shows too.
 template <class Record>
 std::string shown(const Record & record) {
@@ -61,16 +50,16 @@ std::string shown(const Record & record) {
 template <class Record>
 void check_fields(const std::string & fresh) {
     Record by_setter, by_line;
-    EXPECT_EQ(values(by_setter), fresh);
-    std::string expected;
+    std::string expected, defaults;
+    for (const auto & each : layout<Record>::fields) defaults += text_of((by_line.*each.get)()) + "|";
+    EXPECT_EQ(defaults, fresh);
     int row = layout<Record>::first_row;
     for (const auto & each : layout<Record>::fields) {
         const std::string keyword = fip_names[row++];
         (by_setter.*each.put)(("WIN95" + keyword).c_str());
         EXPECT_EQ(by_line.set((keyword + "  WIN95" + keyword + " ").c_str()), 0) << keyword;
         expected += keyword + "WIN95" + keyword + ";";
-        EXPECT_EQ(shown(by_setter), expected);
-        EXPECT_EQ(shown(by_line), expected);
+        EXPECT_EQ(shown(by_setter) + shown(by_line), expected + expected);
     }
     for (const char * stranger : {"FOO=", "USER", "user=", "", static_cast<const char *>(nullptr)}) by_line.set_fip(stranger);
     EXPECT_EQ(shown(by_line), expected);
@@ -93,10 +82,15 @@ template <class Record>
 void check_set(std::initializer_list<set_case> cases) {
     for (const auto & [line, result, told, code] : cases) {
         Record record;
-        transcript spoken(2, 5);
+        transcript spoken(2);
         EXPECT_EQ(record.set(line), code) << line;
-        const std::string what = code == 101 ? "operating system" : "keyword", name = layout<Record>::name;
-        EXPECT_EQ(spoken.take(), told ? "T[E] " + name + "::set Invalid " + what + " <" + told + "> found\n" : "");
+        const std::string name = layout<Record>::name, value = std::string("<") + (told ? told : "") + "> ";
+        EXPECT_EQ(spoken.take(), code == 0     ? ""
+                                 : code == 101 ? "L MSG0136 [El The value " + value + "is invalid as operating system.\nT[E] " +
+                                                     name + "::set Invalid operating system " + value + "found\n"
+                                               : "L MSG0134 [Fl Keyword " + std::string(told) +
+                                                     " is invalid in the currently read input file\nT[E] " + name +
+                                                     "::set Invalid keyword " + value + "found\n");
         EXPECT_EQ(shown(record), result) << line;
     }
 }
@@ -110,7 +104,8 @@ TEST(Records, SetTakesALineOrLeavesTheRecord) {
         {"MOUNT_POINT=SERVER_NAME=x", "MOUNT_POINT=SERVER_NAME=x;"},
         {"SERVER_NAME=mount_point=x", "SERVER_NAME=mount_point=x;"},
         {"AGENT_NAME=$(HOSTNAME)", "AGENT_NAME=;"}, {"AGENT_NAME=$(HOSTNAME)s", "AGENT_NAME=$(HOSTNAME)s;"},
-        {"OPERATING_SYSTEM= windows_nt ", "", "windows_nt", 101}, {" server_name", "", " server_name"},
+        {"OPERATING_SYSTEM= windows_nt ", "", "windows_nt", 101}, {"OPERATING_SYSTEM=ZR7 x", "OPERATING_SYSTEM=ZR7 x;"},
+        {"OPERATING_SYSTEM=SERVER_NAME=x", "", "SERVER_NAME=x", 101}, {" server_name", "", " server_name"},
         {"foo =a:b", "", "foo "}, {"USER=x", "", "USER"}, {"", "", ""},
     });
     check_set<auth_profile_info>({
@@ -126,19 +121,15 @@ TEST(Records, SetTakesALineOrLeavesTheRecord) {
     EXPECT_EQ(user.set(user.usUserName()), 0);
     const std::unique_ptr<codable> copy(user.clone());
     user.clear();
-    EXPECT_EQ(shown(user), "");
-    EXPECT_EQ(shown(static_cast<user_info &>(*copy)), "USER=AUTHORIZATION PROFILE=a profile of some length;"
-                                                      "AUTHORIZATION PROFILE=a profile of some length;");
+    EXPECT_EQ(shown(user) + "|" + shown(static_cast<user_info &>(*copy)),
+              "|USER=AUTHORIZATION PROFILE=a profile of some length;AUTHORIZATION PROFILE=a profile of some length;");
 }
 // clang-format on
 TEST(Records, TheirLinesStandInOrder) {
     VXA_inst_info agent;
     auth_profile_info profile;
-    transcript spoken;
-    agent.set(" agent_inst_path = d:\\a");
-    profile.set("Profile Name=p");
-    profile.validate();
-    EXPECT_EQ(spoken.take(), R"(T[C] VXA_inst_info::set >>>> ENTRY>>>>>
+    user_info user;
+    EXPECT_EQ(told([&] { return agent.set(" agent_inst_path = d:\\a"); }), R"(T[C] VXA_inst_info::set >>>> ENTRY>>>>>
 T[I] VXA_inst_info::set line after key.to_upper is < AGENT_INST_PATH = d:\a>
 T[I] VXA_inst_info::set line after trip of blanks is <AGENT_INST_PATH= d:\a>
 T[C] VXA_inst_info::set in the switch
@@ -147,13 +138,14 @@ T[C] VXA_inst_info::set in the switch.line is <d:\a>
 T[C] VXA_inst_info::set after set
 T[C] VXA_inst_info::set return data = 0
 T[C] VXA_inst_info::set <<<<<<<<<< EXIT
-T[C] auth_profile_info::set >>>> ENTRY>>>>>
-T[I] auth_profile_info::set line after key.to_upper is <PROFILE NAME=p>
-T[I] auth_profile_info::set line  is <p>
-T[C] auth_profile_info::set return data = 0
-T[C] auth_profile_info::set <<<<<<<<<< EXIT
-T[C] auth_profile_info::validate >>>> ENTRY>>>>>
-)");
+0)");
+    EXPECT_EQ(told([&] { return profile.set("Profile Name=p"); }, 1),
+              "T[I] auth_profile_info::set line after key.to_upper is <PROFILE NAME=p>\n"
+              "T[I] auth_profile_info::set line  is <p>\n0");
+    EXPECT_EQ(told([&] { return user.set("USER=u"); }, 1),
+              "T[I] user_info::set line after key.to_upper is <USER=u>\nT[I] user_info::set line  is <u>\n0");
+    EXPECT_EQ(told([&] { return profile.validate(); }), "T[C] auth_profile_info::validate >>>> ENTRY>>>>>\n1");
+    EXPECT_EQ(text_of(ustring("sum ") + "of two"), "sum of two");
 }
 
 using keywords = std::vector<const char *>;

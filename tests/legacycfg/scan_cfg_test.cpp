@@ -1,7 +1,5 @@
 #include "support.h"
 
-using namespace orvet;
-using namespace orvet_test;
 namespace fs = std::filesystem;
 
 namespace {
@@ -9,7 +7,8 @@ namespace {
 constexpr char file[] = "cfg/brod.cfg", two[] = "server:a\nserver:b", changed[] = "server:b\nserver:a\n";
 constexpr char no_temporary[] = "unable to open tempfile [cfg/brod.tmp]",
                no_backup[] = "error backing up [cfg/brod.cfg] file";
-constexpr char no_number[] = "invalid server number [2]: valid range is [1..0]";
+constexpr char no_number[] = "invalid server number [2]: valid range is [1..0]",
+               no_second[] = "invalid server number [2]: valid range is [1..1]";
 constexpr char three[] = "SERVER: a \n \nserver: b\n x\nserver:c", last_first[] = "x\nserver:c\nSERVER: a\nserver: b\n";
 
 const struct {
@@ -22,11 +21,12 @@ const struct {
     const char * held = nullptr;   // by somebody else, where that keeps others out
 } cases[] = {
     {file, "x\n", 1, 0, "", "x\n|older|-|"},
-    {file, "x\n", 2, 1, no_number, "x\n|older|-|"},
+    {file, "SERVER:\n", 2, 1, no_second, "SERVER:\n|older|-|"},
     {file, "", 0, 1, "invalid server number [0]: valid range is [1..0]", "|older|-|"},
     {file, three, 3, 0, "", last_first + ("|" + std::string(last_first)) + "|-|"},
     {file, two, 2, 0, "", "new|old|-|"},
     {file, two, 2, 250, no_temporary, "old|older|other|", [] { fs::create_directory("cfg/brod.tmp"); }},
+    {file, two, 2, 250, no_temporary, "old|older|old|", [] { fs::create_hard_link("cfg/brod.cfg", "cfg/brod.tmp"); }},
     {file, two, 2, 261, no_backup, "old|other|new|",
      [] { fs::remove("cfg/brod.bak"), fs::create_directories("cfg/brod.bak/x"); }},
     {file, two, 2, 261, no_backup, "old|-|new|", [] {}, nullptr, "cfg/brod.cfg"},
@@ -67,9 +67,9 @@ TEST(ScanCfg, MakesAServerTheFirstOrTellsWhyNot) {
         if (loads)
             write_file(each.path, each.text);
         scan_cfg cfg(each.path);
-        const auto load = [&] { EXPECT_EQ(cfg.load(), loads ? 0 : 250); };
-        EXPECT_EQ(printed_by(load), loads ? "" : each.error + std::string("\n"));
-        EXPECT_EQ(text_of(cfg.error_text()), loads ? "" : each.error);
+        int code = -1;
+        EXPECT_EQ(printed_by([&] { code = cfg.load(); }), loads ? "" : each.error + std::string("\n"));
+        EXPECT_EQ(std::to_string(code) + text_of(cfg.error_text()), loads ? "0" : "250" + std::string(each.error));
         each.disturb();
         if (each.device)
             fs::create_symlink(each.device, "cfg/brod.tmp");
@@ -81,7 +81,11 @@ TEST(ScanCfg, MakesAServerTheFirstOrTellsWhyNot) {
         EXPECT_EQ(text_of(cfg.error_text()), loads ? each.error : no_number);
         holder.reset();
         EXPECT_EQ(files(), each.after);
+        EXPECT_EQ(sum({cfg.set_server(1), cfg.error_text().length()}), 0);
     }
+    fs::remove_all("cfg");
+    fs::create_directories("cfg/brod.bak");
+    EXPECT_EQ(scan_cfg::recover("cfg/brod.cfg"), 250); // a directory is no backup
 }
 
 TEST(ScanCfg, ListsWhatItRead) {
@@ -106,7 +110,9 @@ TEST(ScanCfg, ListsWhatItRead) {
     }
     EXPECT_EQ(pairs, "protocol=no|PROTOCOL=first|protocol=TCP|name only=name only|SERVERS=\t1:2|");
     write_file("brod.cfg", "SERVER: gamma\nWORKSTATION NAME: PROTOCOL: x");
+    EXPECT_EQ(cfg.set_server(9), 1);
     ASSERT_EQ(cfg.load(), 0); // adds
+    EXPECT_EQ(text_of(cfg.error_text()), "");
     EXPECT_EQ(cfg.server_count(), 3);
     EXPECT_EQ(text_of(cfg.target_name()) + "/" + text_of(cfg.target_protocol()), "PROTOCOL: x/TCP");
 }
@@ -116,14 +122,18 @@ TEST(ScanCfg, KeepsEveryByteOfALineAndThePermissions) {
     std::string generic = std::string("zero \0 inside\n", 14) + "\ttab\t\nreturn \r inside\nLatin-1 \xE4\xFF\n" +
                           "UTF-8 \xC3\xA4 \xF0\x9F\x99\x82\n" + long_line;
     for (int i = 0; i < 100000; ++i) generic += "line " + std::to_string(i) + "\n";
-    write_file("brod.cfg", "SERVER: a\n" + generic + "SERVER: b\n");
-    fs::permissions("brod.cfg", fs::perms::owner_read | fs::perms::owner_write);
-    const fs::perms permissions = fs::status("brod.cfg").permissions();
-    scan_cfg cfg("brod.cfg");
+    write_file("1brod.cfg", "SERVER: a\n" + generic + "SERVER: b\n");
+    fs::permissions("1brod.cfg", fs::perms::owner_read | fs::perms::owner_write);
+    const fs::perms permissions = fs::status("1brod.cfg").permissions();
+    scan_cfg cfg("1brod.cfg");
     EXPECT_EQ(cfg.load(), 0);
     EXPECT_EQ(cfg.set_server(2), 0);
-    EXPECT_TRUE(read_text("brod.cfg") == generic + "SERVER: b\nSERVER: a\n");
-    EXPECT_EQ(fs::status("brod.cfg").permissions(), permissions);
+    EXPECT_TRUE(read_text("1brod.cfg") == generic + "SERVER: b\nSERVER: a\n");
+    EXPECT_TRUE(fs::exists("1brod.bak"));
+    write_file("brod.cfg", two);
+    scan_cfg here("brod.cfg"); // a name of the least length
+    EXPECT_EQ(sum({here.load(), here.set_server(2)}), 0);
+    EXPECT_EQ(fs::status("1brod.cfg").permissions(), permissions);
     EXPECT_NE(printed_by([&] { cfg.show_all(); }).find(long_line), std::string::npos);
 }
 } // namespace

@@ -1,6 +1,5 @@
 #include "support.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -21,20 +20,15 @@ std::map<std::string, void (*)()> & scenarios() {
 }
 
 std::string lines;
-
 /// Puts the lines of both channels into one text, each with the mark of its channel.
-class recorder : public orvet::capture_stream {
-public:
-    explicit recorder(const char * mark) : mark_(mark) {}
+struct recorder : orvet::capture_stream {
+    explicit recorder(const char * of) : mark(of) {}
     int writeline(const char * line) override {
         const int written = capture_stream::writeline(line);
-        const orvet::vector & all = capture_stream::lines();
-        orvet_test::lines += mark_ + text_of(static_cast<orvet::ustring &>(*all[all.size() - 1])) + "\n";
+        orvet_test::lines += mark + text_of(static_cast<orvet::ustring &>(*lines()[lines().size() - 1])) + "\n";
         return written;
     }
-
-private:
-    std::string mark_;
+    const std::string mark;
 };
 
 } // namespace
@@ -55,13 +49,12 @@ std::string read_file(const std::string & name) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string plain_line_ends(std::string text) {
-    for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos;) text.erase(at, 1);
+std::string replaced(std::string text, const std::vector<std::pair<std::string, std::string>> & words) {
+    for (const auto & [from, to] : words)
+        for (std::size_t at; (at = text.find(from)) != std::string::npos;) text.replace(at, from.size(), to);
     return text;
 }
-
-std::string read_text(const std::string & name) { return plain_line_ends(read_file(name)); }
-
+std::string read_text(const std::string & name) { return replaced(read_file(name), {{"\r\n", "\n"}}); }
 std::string scenario_command(const std::string & name) { return program + " --scenario " + name; }
 
 std::string run_scenario(const std::string & name) {
@@ -86,6 +79,22 @@ transcript::~transcript() {
 }
 
 std::string transcript::take() { return std::exchange(lines, ""); }
+
+std::string without(const std::vector<const char *> & parts, const std::string & lines) {
+    std::string kept;
+    for (std::size_t at = 0, end; at < lines.size(); at = end) {
+        end = std::min(lines.find('\n', at), lines.size() - 1) + 1;
+        const std::string line = lines.substr(at, end - at);
+        if (std::none_of(parts.begin(), parts.end(), [&](auto part) { return line.find(part) != std::string::npos; }))
+            kept += line;
+    }
+    for (std::size_t at = 0; (at = kept.find("rrno", at)) != std::string::npos;) {
+        at = kept.find_first_of("0123456789\n", at);
+        if (at != std::string::npos && kept[at] > '0')
+            kept.replace(at, kept.find_first_not_of("0123456789", at) - at, "N");
+    }
+    return kept;
+}
 
 std::string native(std::string path) {
     std::replace(path.begin(), path.end(), '/', static_cast<char>(fs::path::preferred_separator));

@@ -8,7 +8,6 @@
 namespace orvet_test {
 
 void keep_crashes_quiet() { SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX); }
-
 unsigned long process_number() { return GetCurrentProcessId(); }
 
 void print_open_files() {

@@ -1,7 +1,7 @@
 #include "support.h"
 
-using namespace orvet;
-using namespace orvet_test;
+#include <sstream>
+
 namespace {
 TEST(Usprintf, ReplacesInOrderAndSearchesAnew) {
     ustring out("before");
@@ -10,8 +10,7 @@ TEST(Usprintf, ReplacesInOrderAndSearchesAnew) {
         EXPECT_EQ(length, static_cast<int>(out.length()));
         return text_of(out);
     };
-    EXPECT_EQ(formatted(""), "");
-    EXPECT_EQ(formatted("plain"), "plain");
+    EXPECT_EQ(formatted("") + formatted("plain"), "plain");
     EXPECT_EQ(formatted("%s%s%s", "[", "key", "]"), "[key]");
     EXPECT_EQ(formatted("invalid server number [%d]: valid range is [1..%d]", 9, 3),
               "invalid server number [9]: valid range is [1..3]");
@@ -19,7 +18,9 @@ TEST(Usprintf, ReplacesInOrderAndSearchesAnew) {
     EXPECT_EQ(formatted("%s %s", "a %d b", 7), "a 7 b %s"); // a replaced text is searched like the rest
     EXPECT_EQ(formatted("100% %x %d%", 5), "100% %x 5%");
     EXPECT_EQ(formatted("%d then %s", "text"), "%d then text"); // a conversion that does not fit stays
-    EXPECT_EQ(formatted("%s %s", "one"), "one %s");
+    EXPECT_EQ(formatted("%d, %s", 1), "1, %s");
+    EXPECT_EQ(formatted("%d", "no number", 5), "%d"); // and keeps those behind it waiting
+    EXPECT_EQ(formatted("%d %%s", "one", "two"), "%d %one");
     EXPECT_EQ(formatted("<%s>", static_cast<const char *>(nullptr)), "<>");
     out = "self";
     EXPECT_EQ(formatted("%s and %s", out, pathname("p\xE9")), "self and p\xE9");
@@ -33,8 +34,7 @@ TEST(Chkfile, TellsWhetherAFileExists) {
     pathname path;
     path = from_bytes(std::string("there.txt\0x", 11)); // not the file in front of the zero
     EXPECT_EQ(kt_chkfile("not there") + kt_chkfile("") + kt_chkfile(path), 0);
-    const std::string entry = "T[C] kt_chkfile >>>> ENTRY>>>>>\n";
-    EXPECT_EQ(lines.take(), entry + entry + entry);
+    EXPECT_EQ(lines.take().substr(32 * 2), "T[C] kt_chkfile >>>> ENTRY>>>>>\n");
 }
 
 TEST(Heapdump, WalksTheHeapOrSaysThatThereIsNone) {
@@ -42,9 +42,13 @@ TEST(Heapdump, WalksTheHeapOrSaysThatThereIsNone) {
     const bool walked = status.find("Status=OK\n") != std::string::npos;
     EXPECT_TRUE(walked || status == panic + "OK - empty heap\n") << status;
     EXPECT_EQ(printed_by([] { heapdump("heap.txt"); }), panic);
-    const std::string dump = read_text("heap.txt");
-    EXPECT_EQ(dump.find("  USED block at ") != std::string::npos, walked);
-    EXPECT_EQ(dump.substr(dump.rfind('\n', dump.size() - 2) + 1).find(walked ? "MemUsed=(" : "OK - empty heap\n"), 0U);
+    std::istringstream dump(read_text("heap.txt"));
+    long used = 0;
+    std::string line;
+    while (std::getline(dump, line) && line.find(" block at ") == 6)
+        used += line.starts_with("  USED ") ? std::stol(line.substr(line.rfind(' ')), nullptr, 16) : 0;
+    EXPECT_EQ(line.find(walked ? "MemUsed=(" + std::to_string(used) + ")" : "OK - empty heap"), 0U) << line;
+    EXPECT_EQ(used != 0, walked);
     EXPECT_EQ(printed_by([] { heapdump("no/such/directory/heap.txt"); }).find(panic), 0U);
 }
 
@@ -54,11 +58,16 @@ TEST(CaptureStream, KeepsLinesAndCountsThemBySeverity) {
     trace::set_level(orvet::log::wa(), 0);
     log_message(messages::MSG0020, "[W] x");
     log_message(messages::MSG0134, "x"); // its bracket is misprinted
-    log_message("a tool's own");
+    log_message("a tool's own [note]  MSG");
+    log_message("bare");
     EXPECT_EQ(said->count(severity::fatal), 2U);
     EXPECT_EQ(said->count(severity::warning), 0U);
-    EXPECT_EQ(said->lines().size(), 3U);
-    EXPECT_EQ(text_of(static_cast<const ustring &>(*said->lines()[0])), "MSG0020 [F] Error closing the file [W] x");
+    EXPECT_EQ(said->lines().size(), 4U);
+    const auto line = [&](unsigned i) { return text_of(static_cast<const ustring &>(*said->lines()[i])); };
+    EXPECT_EQ(line(0) + "|" + line(2), "MSG0020 [F] Error closing the file [W] x|[note]  MSG");
+    EXPECT_EQ(line(3).substr(line(3).size() - 6), "  bare");                 // its time stamp in front
+    for (const char * odd : {"", "x", " [", "  MSG1"}) said->writeline(odd); // what no channel writes
+    EXPECT_EQ(line(4) + "|" + line(5) + "|" + line(6) + "|" + line(7), "|x|[|MSG1");
     said->clear();
     EXPECT_EQ(said->lines().size() + said->count(severity::fatal), 0U);
     trace::set_stream(orvet::log::wa(), nullptr);
