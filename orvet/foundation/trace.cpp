@@ -41,7 +41,11 @@ public:
         std::memcpy(line_ + length_, text, taken);
         length_ += taken;
     }
-    void add(const char * text) { add(text, text ? std::strlen(text) : 0); }
+    void add(const char * text)
+    {
+        if (text)
+            add(text, std::strlen(text));
+    }
     void close() { line_[length_] = 0; }
     void end()
     {
