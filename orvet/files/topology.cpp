@@ -51,7 +51,7 @@ public:
     /// Makes room for `count` domains. False when memory is short.
     bool reserve(int count)
     {
-        const std::size_t domains = count > 0 ? static_cast<std::size_t>(count) : 0;
+        const auto domains = static_cast<std::size_t>(std::max(count, 1));
         while (chain_count_ < domains)
             chain_count_ *= 2;
         domains_.reset(new (std::nothrow) domain[domains]);

@@ -27,8 +27,8 @@ constexpr int silent = 6;
 // `wa()`, which opens the channel and puts its real first level in place.
 constexpr work_area untouched{std::numeric_limits<int>::min(), nullptr, {}, 0, 0, nullptr};
 
-/// Adds to a channel's line from where it stands now, and always leaves room for the line feed and the closing
-/// zero.
+/// Adds to a channel's line from where it stands now, and always leaves room for the line feed and the
+/// closing zero.
 class assembly {
 public:
     explicit assembly(char (&line)[1024]) : line_(line) {}
