@@ -1,6 +1,7 @@
 #include "orvet/cmdline/input_parms.h"
 
 #include <cctype>
+#include <utility>
 
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/name_list.h"
@@ -45,29 +46,39 @@ constexpr keyword_rule ret_val_rule{ret_val_words, [](const char *) { console_me
 constexpr keyword_rule type_rule{type_words, [](const char *) { console_message(messages::MSGI0011); },
                                  "err"};
 
-// A setter's kind is the type of its field.
+// A setter's kind is the type of its field. False when memory is short, with the field as it was.
 
-void store(int & field, const char * value)
+bool store(int & field, const char * value)
 {
     field = to_int(value ? value : "");
+    return true;
 }
 
-void store(ustring & field, const char * value)
+bool store(ustring & field, const char * value)
 {
-    field = ustring(value);
+    memory_watch watch;
+    ustring text(value);
+    if (!watch.failed())
+        field = std::move(text);
+    return !watch.failed();
 }
 
-void store(pathname & field, const char * value)
+bool store(pathname & field, const char * value)
 {
-    field = pathname(value);
+    memory_watch watch;
+    pathname path(value);
+    if (!watch.failed())
+        field = std::move(path);
+    return !watch.failed();
 }
 
-void store(ustring & field, const char * value, const keyword_rule & rule)
+/// Does to a value that has been stored what its rule says.
+void hold(ustring & field, const keyword_rule & rule)
 {
-    store(field, value);
     for (const char * const * word = rule.words; *word; ++word)
         if (field == *word)
             return;
+    const detail::line_memory apart;
     rule.complain(field.mbcs_str());
     field = rule.otherwise;
 }
@@ -184,7 +195,12 @@ short input_parms::get_ips(int argc, char ** argv)
             console_message(messages::MSGI0005, word);
             return value_missing;
         }
+        memory_watch watch;
         (this->*row.take_value)(argv[++i]);
+        if (watch.failed()) {
+            console_message(messages::MSGI0005, word);
+            return value_missing;
+        }
         const short code = row.check ? row.check(*this) : short{taken};
         if (code != taken)
             return code;
@@ -275,38 +291,42 @@ int & input_parms::ip_t_global()
 
 void input_parms::set_ip_log_level(const char * value)
 {
-    store(ip_log_level_, value);
-    set_ip("-log");
+    if (store(ip_log_level_, value))
+        set_ip("-log");
 }
 
 void input_parms::set_ip_trace_level(const char * value)
 {
-    store(ip_trace_level_, value);
-    set_ip("-trc");
+    if (store(ip_trace_level_, value))
+        set_ip("-trc");
 }
 
 void input_parms::set_ip_op_sys(const char * value)
 {
+    if (!store(ip_op_sys(), value))
+        return;
     set_ip("-osys");
-    store(ip_op_sys(), value, op_sys_rule);
+    hold(ip_op_sys(), op_sys_rule);
 }
 
 void input_parms::set_ip_file_name(const char * value)
 {
-    store(ip_file_name(), value);
-    set_ip("-ini");
+    if (store(ip_file_name(), value))
+        set_ip("-ini");
 }
 
 void input_parms::set_ip_base_cmd(const char * value)
 {
-    store(ip_base_cmd(), value);
-    set_ip("-rcmd");
+    if (store(ip_base_cmd(), value))
+        set_ip("-rcmd");
 }
 
 void input_parms::set_ip_obj_type(const char * value)
 {
+    if (!store(ip_obj_type_, value))
+        return;
     set_ip("-tobj");
-    store(ip_obj_type_, value, obj_type_rule);
+    hold(ip_obj_type_, obj_type_rule);
 }
 
 void input_parms::set_ip_uvxinstp()
@@ -317,14 +337,14 @@ void input_parms::set_ip_uvxinstp()
 
 void input_parms::set_ip_trg_name(const char * value)
 {
-    store(ip_trg_name_, value);
-    set_ip("-trg");
+    if (store(ip_trg_name_, value))
+        set_ip("-trg");
 }
 
 void input_parms::set_ip_top_root(const char * value)
 {
-    store(ip_top_root_, value);
-    set_ip("-top");
+    if (store(ip_top_root_, value))
+        set_ip("-top");
 }
 
 void input_parms::set_ip_force()
@@ -335,14 +355,14 @@ void input_parms::set_ip_force()
 
 void input_parms::set_ip_cmd(const char * value)
 {
-    store(ip_cmd_, value);
-    set_ip("-cmd");
+    if (store(ip_cmd_, value))
+        set_ip("-cmd");
 }
 
 void input_parms::set_ip_key(const char * value)
 {
-    store(ip_key_, value);
-    set_ip("-key");
+    if (store(ip_key_, value))
+        set_ip("-key");
 }
 
 void input_parms::set_ip_h_global()
@@ -359,98 +379,102 @@ void input_parms::set_ip_t_global()
 
 void input_parms::set_ip_usr_name(const char * value)
 {
-    store(ip_usr_name_, value);
-    set_ip("-usr");
+    if (store(ip_usr_name_, value))
+        set_ip("-usr");
 }
 
 void input_parms::set_ip_prf_name(const char * value)
 {
-    store(ip_prf_name_, value);
-    set_ip("-prf");
+    if (store(ip_prf_name_, value))
+        set_ip("-prf");
 }
 
 void input_parms::set_ip_grp_name(const char * value)
 {
-    store(ip_grp_name_, value);
-    set_ip("-gp");
+    if (store(ip_grp_name_, value))
+        set_ip("-gp");
 }
 
 void input_parms::set_ip_tool_name(const char * value)
 {
-    store(ip_tool_name_, value);
-    set_ip("-tool");
+    if (store(ip_tool_name_, value))
+        set_ip("-tool");
 }
 
 void input_parms::set_ip_obj_file_name(const char * value)
 {
-    store(ip_obj_file_name_, value);
-    set_ip("-obj");
+    if (store(ip_obj_file_name_, value))
+        set_ip("-obj");
 }
 
 void input_parms::set_ip_input_file(const char * value)
 {
-    store(ip_input_file_, value);
-    set_ip("-file");
+    if (store(ip_input_file_, value))
+        set_ip("-file");
 }
 
 void input_parms::set_ip_srv_name(const char * value)
 {
-    store(ip_srv_name_, value);
-    set_ip("-srv");
+    if (store(ip_srv_name_, value))
+        set_ip("-srv");
 }
 
 void input_parms::set_ip_input_dir(const char * value)
 {
-    store(ip_input_dir_, value);
-    set_ip("-dir");
+    if (store(ip_input_dir_, value))
+        set_ip("-dir");
 }
 
 void input_parms::set_ip_pro_name(const char * value)
 {
-    store(ip_pro_name_, value);
-    set_ip("-pro");
+    if (store(ip_pro_name_, value))
+        set_ip("-pro");
 }
 
 void input_parms::set_ip_gfn_name(const char * value)
 {
-    store(ip_gfn_name_, value);
-    set_ip("-gfn");
+    if (store(ip_gfn_name_, value))
+        set_ip("-gfn");
 }
 
 void input_parms::set_ip_resgf_name(const char * value)
 {
-    store(ip_resgf_name_, value);
-    set_ip("-resgf");
+    if (store(ip_resgf_name_, value))
+        set_ip("-resgf");
 }
 
 void input_parms::set_ip_ret_val(const char * value)
 {
+    if (!store(ip_ret_val_, value))
+        return;
     set_ip("-ret");
-    store(ip_ret_val_, value, ret_val_rule);
+    hold(ip_ret_val_, ret_val_rule);
 }
 
 void input_parms::set_ip_type(const char * value)
 {
+    if (!store(ip_type_, value))
+        return;
     set_ip("-type");
-    store(ip_type_, value, type_rule);
+    hold(ip_type_, type_rule);
 }
 
 void input_parms::set_ip_tokens_file(const char * value)
 {
-    store(ip_tokens_file_, value);
-    set_ip("-ftok");
+    if (store(ip_tokens_file_, value))
+        set_ip("-ftok");
 }
 
 void input_parms::set_ip_out_dir(const char * value)
 {
-    store(ip_out_dir_, value);
-    set_ip("-odir");
+    if (store(ip_out_dir_, value))
+        set_ip("-odir");
 }
 
 void input_parms::set_ip_vxa_images(const char * value)
 {
-    store(ip_vxa_images_, value);
-    set_ip("-vxai");
+    if (store(ip_vxa_images_, value))
+        set_ip("-vxai");
 }
 
 } // namespace orvet
