@@ -1,6 +1,7 @@
 #include "orvet/cmdline/input_parms.h"
 
 #include <cctype>
+#include <utility>
 
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/name_list.h"
@@ -54,29 +55,45 @@ constexpr keyword_rule ret_val_rule{ret_val_words, [](const char *) { console_me
 constexpr keyword_rule type_rule{type_words, [](const char *) { console_message(messages::MSGI0011); },
                                  "err"};
 
-// A setter's kind is the type of its field.
+// A setter's kind is the type of its field. False when memory is short, with the field as it was.
 
-void store(int & field, const char * value)
+bool store(int & field, const char * value)
 {
     field = to_int(value ? value : "");
+    return true;
 }
 
-void store(ustring & field, const char * value)
+bool store(ustring & field, const char * value)
 {
+    memory_watch watch;
     field.assign(value);
+    return !watch.failed();
 }
 
-void store(pathname & field, const char * value)
+bool store(pathname & field, const char * value)
 {
+    memory_watch watch;
     field = value;
+    return !watch.failed();
 }
 
-void store(ustring & field, const char * value, const keyword_rule & rule)
+/// Stores the value of an option, and marks it.
+template <class Field>
+void take(Field & field, const char * value, int & mark)
 {
-    store(field, value);
+    if (store(field, value))
+        mark = 1;
+}
+
+void take(ustring & field, const char * value, int & mark, const keyword_rule & rule)
+{
+    if (!store(field, value))
+        return;
+    mark = 1;
     for (const char * const * word = rule.words; *word; ++word)
         if (field == *word)
             return;
+    const detail::line_memory apart;
     rule.complain(field.mbcs_str());
     field = rule.otherwise;
 }
@@ -193,7 +210,12 @@ short input_parms::get_ips(int argc, char ** argv)
             console_message(messages::MSGI0005, word);
             return value_missing;
         }
+        memory_watch watch;
         (this->*row.take_value)(argv[++i]);
+        if (watch.failed()) {
+            console_message(messages::MSGI0005, word);
+            return value_missing;
+        }
         const short code = row.check ? row.check(*this) : short{taken};
         if (code != taken)
             return code;
@@ -244,7 +266,7 @@ void input_parms::set_ip(const char * name)
 {
     const int option = index_in(ip_names, name);
     if (ip_names[option])
-        mark(option);
+        ip_flags_[option] = 1;
 }
 
 int input_parms::ip(const char * name) const
@@ -284,182 +306,156 @@ int & input_parms::ip_t_global()
 
 void input_parms::set_ip_log_level(const char * value)
 {
-    store(ip_log_level_, value);
-    mark(index_of("-log"));
+    take(ip_log_level_, value, ip_flags_[index_of("-log")]);
 }
 
 void input_parms::set_ip_trace_level(const char * value)
 {
-    store(ip_trace_level_, value);
-    mark(index_of("-trc"));
+    take(ip_trace_level_, value, ip_flags_[index_of("-trc")]);
 }
 
 void input_parms::set_ip_op_sys(const char * value)
 {
-    mark(index_of("-osys"));
-    store(ip_op_sys(), value, op_sys_rule);
+    take(ip_op_sys(), value, ip_flags_[index_of("-osys")], op_sys_rule);
 }
 
 void input_parms::set_ip_file_name(const char * value)
 {
-    store(ip_file_name(), value);
-    mark(index_of("-ini"));
+    take(ip_file_name(), value, ip_flags_[index_of("-ini")]);
 }
 
 void input_parms::set_ip_base_cmd(const char * value)
 {
-    store(ip_base_cmd(), value);
-    mark(index_of("-rcmd"));
+    take(ip_base_cmd(), value, ip_flags_[index_of("-rcmd")]);
 }
 
 void input_parms::set_ip_obj_type(const char * value)
 {
-    mark(index_of("-tobj"));
-    store(ip_obj_type_, value, obj_type_rule);
+    take(ip_obj_type_, value, ip_flags_[index_of("-tobj")], obj_type_rule);
 }
 
 void input_parms::set_ip_uvxinstp()
 {
     ip_uvxinstp_ = 1;
-    mark(index_of("-uvxp"));
+    ip_flags_[index_of("-uvxp")] = 1;
 }
 
 void input_parms::set_ip_trg_name(const char * value)
 {
-    store(ip_trg_name_, value);
-    mark(index_of("-trg"));
+    take(ip_trg_name_, value, ip_flags_[index_of("-trg")]);
 }
 
 void input_parms::set_ip_top_root(const char * value)
 {
-    store(ip_top_root_, value);
-    mark(index_of("-top"));
+    take(ip_top_root_, value, ip_flags_[index_of("-top")]);
 }
 
 void input_parms::set_ip_force()
 {
     ip_force_ = 1;
-    mark(index_of("-force"));
+    ip_flags_[index_of("-force")] = 1;
 }
 
 void input_parms::set_ip_cmd(const char * value)
 {
-    store(ip_cmd_, value);
-    mark(index_of("-cmd"));
+    take(ip_cmd_, value, ip_flags_[index_of("-cmd")]);
 }
 
 void input_parms::set_ip_key(const char * value)
 {
-    store(ip_key_, value);
-    mark(index_of("-key"));
+    take(ip_key_, value, ip_flags_[index_of("-key")]);
 }
 
 void input_parms::set_ip_h_global()
 {
     ip_h_global() = 1;
-    mark(index_of("-gh"));
+    ip_flags_[index_of("-gh")] = 1;
 }
 
 void input_parms::set_ip_t_global()
 {
     ip_t_global() = 1;
-    mark(index_of("-gt"));
+    ip_flags_[index_of("-gt")] = 1;
 }
 
 void input_parms::set_ip_usr_name(const char * value)
 {
-    store(ip_usr_name_, value);
-    mark(index_of("-usr"));
+    take(ip_usr_name_, value, ip_flags_[index_of("-usr")]);
 }
 
 void input_parms::set_ip_prf_name(const char * value)
 {
-    store(ip_prf_name_, value);
-    mark(index_of("-prf"));
+    take(ip_prf_name_, value, ip_flags_[index_of("-prf")]);
 }
 
 void input_parms::set_ip_grp_name(const char * value)
 {
-    store(ip_grp_name_, value);
-    mark(index_of("-gp"));
+    take(ip_grp_name_, value, ip_flags_[index_of("-gp")]);
 }
 
 void input_parms::set_ip_tool_name(const char * value)
 {
-    store(ip_tool_name_, value);
-    mark(index_of("-tool"));
+    take(ip_tool_name_, value, ip_flags_[index_of("-tool")]);
 }
 
 void input_parms::set_ip_obj_file_name(const char * value)
 {
-    store(ip_obj_file_name_, value);
-    mark(index_of("-obj"));
+    take(ip_obj_file_name_, value, ip_flags_[index_of("-obj")]);
 }
 
 void input_parms::set_ip_input_file(const char * value)
 {
-    store(ip_input_file_, value);
-    mark(index_of("-file"));
+    take(ip_input_file_, value, ip_flags_[index_of("-file")]);
 }
 
 void input_parms::set_ip_srv_name(const char * value)
 {
-    store(ip_srv_name_, value);
-    mark(index_of("-srv"));
+    take(ip_srv_name_, value, ip_flags_[index_of("-srv")]);
 }
 
 void input_parms::set_ip_input_dir(const char * value)
 {
-    store(ip_input_dir_, value);
-    mark(index_of("-dir"));
+    take(ip_input_dir_, value, ip_flags_[index_of("-dir")]);
 }
 
 void input_parms::set_ip_pro_name(const char * value)
 {
-    store(ip_pro_name_, value);
-    mark(index_of("-pro"));
+    take(ip_pro_name_, value, ip_flags_[index_of("-pro")]);
 }
 
 void input_parms::set_ip_gfn_name(const char * value)
 {
-    store(ip_gfn_name_, value);
-    mark(index_of("-gfn"));
+    take(ip_gfn_name_, value, ip_flags_[index_of("-gfn")]);
 }
 
 void input_parms::set_ip_resgf_name(const char * value)
 {
-    store(ip_resgf_name_, value);
-    mark(index_of("-resgf"));
+    take(ip_resgf_name_, value, ip_flags_[index_of("-resgf")]);
 }
 
 void input_parms::set_ip_ret_val(const char * value)
 {
-    mark(index_of("-ret"));
-    store(ip_ret_val_, value, ret_val_rule);
+    take(ip_ret_val_, value, ip_flags_[index_of("-ret")], ret_val_rule);
 }
 
 void input_parms::set_ip_type(const char * value)
 {
-    mark(index_of("-type"));
-    store(ip_type_, value, type_rule);
+    take(ip_type_, value, ip_flags_[index_of("-type")], type_rule);
 }
 
 void input_parms::set_ip_tokens_file(const char * value)
 {
-    store(ip_tokens_file_, value);
-    mark(index_of("-ftok"));
+    take(ip_tokens_file_, value, ip_flags_[index_of("-ftok")]);
 }
 
 void input_parms::set_ip_out_dir(const char * value)
 {
-    store(ip_out_dir_, value);
-    mark(index_of("-odir"));
+    take(ip_out_dir_, value, ip_flags_[index_of("-odir")]);
 }
 
 void input_parms::set_ip_vxa_images(const char * value)
 {
-    store(ip_vxa_images_, value);
-    mark(index_of("-vxai"));
+    take(ip_vxa_images_, value, ip_flags_[index_of("-vxai")]);
 }
 
 } // namespace orvet

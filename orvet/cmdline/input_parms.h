@@ -21,8 +21,8 @@ public:
 
     /// Reads the command line from `argv[1]` on, and lower-cases the option words in place. A word counts as
     /// the option whose name it begins with. Stops at the first error; what was set until then stays set.
-    /// Gives 0, 1 for a word that is no option, 15 for an option without its value, 16 and 17 for a rejected
-    /// value of "-osys" and "-tobj".
+    /// Gives 0, 1 for a word that is no option, 15 for an option without its value or without memory
+    /// for it, 16 and 17 for a rejected value of "-osys" and "-tobj".
     short get_ips(int argc, char ** argv);
 
     /// Holds the marks against two lists of option names, each closed by a null entry; neither is null. Gives
@@ -139,8 +139,6 @@ public:
     ///@}
 
 private:
-    void mark(int option) { ip_flags_[option] = 1; }
-
     int ip_log_level_;
     int ip_trace_level_;
     ustring ip_obj_type_;

@@ -50,19 +50,18 @@ void set_migr_path(pathname & path, const ustring & name)
         path = std::move(made);
 }
 
-/// What `sset_out_file` gives when there is no memory for an object of its own. As an empty path it is taken
-/// over by nobody.
-pathname & no_path()
-{
-    static pathname none;
-    return none;
-}
-
-void give_back(pathname & path)
-{
-    if (&path != &no_path())
-        delete &path;
-}
+/// What `sset_out_file` gives when there is no memory for an object of its own: one for all, empty, which
+/// stands there anew whenever a holder deletes it.
+class no_path final : public pathname {
+public:
+    static pathname & get()
+    {
+        alignas(no_path) static char room[sizeof(no_path)];
+        static pathname & only = *::new (room) no_path;
+        return only;
+    }
+    static void operator delete(void * room) { ::new (room) no_path; }
+};
 
 bool has_zero(const ustring & text)
 {
@@ -99,7 +98,7 @@ pathname & sset_out_file(const char * name)
     if (text.length() != 0 && !watch.failed())
         set_migr_path(path, text);
     pathname * const made = make<pathname>(path);
-    return made ? *made : no_path();
+    return made ? *made : no_path::get();
 }
 
 lent_path::lent_path(const char * name) : path_(sset_out_file(name)), stays_(path_.text().length() == 0)
@@ -109,7 +108,7 @@ lent_path::lent_path(const char * name) : path_(sset_out_file(name)), stays_(pat
 lent_path::~lent_path()
 {
     if (stays_)
-        give_back(path_);
+        delete &path_;
 }
 
 brod_base::brod_base(pathname & output, pathname & final_output)
@@ -201,7 +200,7 @@ ustring brod_base::redirected(int to_output, int to_errors) const
     if (to_errors != 0) {
         pathname & errors = sset_out_file(error_file);
         line.append(" 2>>").append(errors.text());
-        give_back(errors);
+        delete &errors;
     }
     return line;
 }
@@ -214,8 +213,12 @@ int brod_base::exec_brod_cmd(int to_output, int to_errors)
     trace.info("Submit the command -->%s<--", line);
     log_message(messages::MSG0015, line);
     const ustring asked(line);
-    if (make_canned(line, output_file_))
-        std::printf("Dummy call: <%s> becomes <%s> \n", asked.mbcs_str(), line.mbcs_str());
+    if (make_canned(line, output_file_)) {
+        const char * const old_line = asked.mbcs_str();
+        const char * const new_line = line.mbcs_str();
+        if (!watch.failed())
+            std::printf("Dummy call: <%s> becomes <%s> \n", old_line, new_line);
+    }
 
     const bool runs = complete_ && command_complete_ && !watch.failed();
     std::fflush(stdout); // ahead of what the command prints there

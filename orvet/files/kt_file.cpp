@@ -38,14 +38,17 @@ bool kt_file::check_open(const call_trace & trace) const
     return false;
 }
 
-/// Readies the stream for the other direction, as the runtime asks between reading and writing.
-void kt_file::turn_to(transfer direction)
+/// Readies the stream for the other direction, as the runtime asks between reading and writing. False when it
+/// can't be written to, since that would be at an unknown place.
+bool kt_file::turn_to(transfer direction)
 {
     if (last_ == transfer::writing && direction == transfer::reading)
         lost_ = std::fflush(file_handle_) != 0 || lost_;
-    else if (last_ == transfer::reading && direction == transfer::writing)
-        std::fseek(file_handle_, 0, SEEK_CUR);
+    else if (last_ == transfer::reading && direction == transfer::writing &&
+             std::fseek(file_handle_, 0, SEEK_CUR) != 0)
+        return false;
     last_ = direction;
+    return true;
 }
 
 /// Closes the stream, which stays alive when its last bytes can't be written. An error that an earlier
@@ -55,8 +58,8 @@ bool kt_file::close_stream()
     if (given_up_)
         return false;
     std::clearerr(file_handle_);
-    const bool flushed = std::fflush(file_handle_) == 0;
-    if (!flushed || std::exchange(lost_, false))
+    const bool flushed = last_ != transfer::writing || std::fflush(file_handle_) == 0;
+    if (std::exchange(lost_, false) || !flushed)
         return false;
     given_up_ = platform::close_stream(file_handle_) != 0;
     if (!given_up_)
@@ -150,11 +153,11 @@ short kt_file::write(const ustring & text)
     const call_trace trace("kt_file::write");
     if (!check_open(trace))
         return trace.fail(code::not_open);
-    turn_to(transfer::writing);
+    const bool turned = turn_to(transfer::writing);
     memory_watch watch;
     const char * const bytes = text.mbcs_str();
     const unsigned length = watch.failed() ? text.length() : text.mbcs_length();
-    const std::size_t written = watch.failed() ? 0 : std::fwrite(bytes, 1, length, file_handle_);
+    const std::size_t written = watch.failed() || !turned ? 0 : std::fwrite(bytes, 1, length, file_handle_);
     if (written < length) {
         trace.fatal("error writing to file %s. written is %d", file_path_, written);
         log_message(messages::MSG0018, file_path_, written, length);
@@ -168,9 +171,8 @@ short kt_file::write(const void * buffer, unsigned int size)
     const call_trace trace("kt_file::write(b,s)");
     if (!check_open(trace))
         return trace.fail(code::not_open);
-    turn_to(transfer::writing);
     errno = 0;
-    const std::size_t written = std::fwrite(buffer, 1, size, file_handle_);
+    const std::size_t written = turn_to(transfer::writing) ? std::fwrite(buffer, 1, size, file_handle_) : 0;
     const int error = errno;
     if (written < size) {
         trace.fatal("error writing to file %s. written is %d, errno is %d", file_path_, written, error);

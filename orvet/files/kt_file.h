@@ -91,7 +91,7 @@ private:
     enum class transfer { none, reading, writing };
 
     bool check_open(const class call_trace & trace) const;
-    void turn_to(transfer direction);
+    bool turn_to(transfer direction);
     bool close_stream();
 
     pathname file_path_;

@@ -1,5 +1,7 @@
 #include "orvet/files/sections.h"
 
+#include <utility>
+
 #include "orvet/files/kt_file.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/number.h"
@@ -44,10 +46,11 @@ ustring get_token(const ustring & text, int index)
 
 ustring build_server_rr(const ustring & name)
 {
+    memory_watch watch;
     ustring server(name);
     if (name.length() != 0)
         server.append("_").append(name);
-    return server;
+    return watch.failed() ? ustring() : server;
 }
 
 short kt_file::find_section(const ustring & section)
@@ -95,8 +98,10 @@ short kt_file::get_keyval(ustring & key, ustring & value)
     if (at == ustring::npos)
         return code::no_keyval;
     key.assign(line_, 0, at);
-    value.assign(line_, at + 3, ustring::npos);
-    return watch.failed() ? code::no_keyval : code::success;
+    if (watch.failed())
+        return code::no_keyval;
+    std::swap(value, line_.remove(0, at + 3)); // which needs no memory: both texts change or neither
+    return code::success;
 }
 
 } // namespace orvet

@@ -204,25 +204,28 @@ short kt_file::load_top(ustring & server, vector & topv)
     }
     trace.info("count = <%d>", count);
 
+    const auto refuse = [&](short rc, int i) {
+        trace.error("Error %d parsing topology section at offset <%d>", rc, i);
+        log_message(messages::MSG0111, i, section_name, file_path_);
+        return trace.fail(rc);
+    };
     memory_watch watch;
     const ustring expected(expected_mode);
     domain_finder finder;
     if (!finder.reserve(count))
-        return trace.fail(code::no_keyval);
+        return refuse(code::no_keyval, 0);
     ustring key;
     ustring value;
     for (int i = 0; i < count; ++i) {
-        if (const short rc = get_keyval(key, value)) {
-            trace.error("Error %d parsing topology section at offset <%d>", rc, i);
-            log_message(messages::MSG0111, i, section_name, file_path_);
-            return trace.fail(rc);
-        }
+        if (const short rc = get_keyval(key, value))
+            return refuse(rc, i);
         const ustring head = ustring("[").append(key).append("]");
         const ustring name = get_token(value, 1);
         ustring dependency;
         pathname dep_path;
+        ustring root;
         if (i == 0) {
-            server = build_server_rr(name);
+            root = build_server_rr(name);
         } else {
             const ustring mode = get_token(value, 2);
             if (mode != expected) {
@@ -240,12 +243,14 @@ short kt_file::load_top(ustring & server, vector & topv)
             finder.add(*domain, std::move(dependency));
         if (watch.failed()) {
             topv.resize(static_cast<unsigned>(i));
-            return trace.fail(code::no_keyval);
+            return refuse(code::no_keyval, i);
         }
+        if (i == 0)
+            server = std::move(root);
     }
     print_topv(topv, "load_top_after_loading");
     if (!check_dependencies(trace, topv, finder))
-        return trace.fail(code::no_keyval);
+        return refuse(code::no_keyval, count);
     print_topv(topv, "load_top_after_depcheck");
     return trace.leave(code::success);
 }

@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "orvet/foundation/base/memory.h"
+
 namespace orvet {
 
 namespace {
@@ -20,6 +22,15 @@ void write_line(work_area & wa, const char * severity_text, const char * name, c
 void call_trace::write(severity s, const char * format, const argument * values, std::size_t count) const
 {
     write_line(system_trace::wa(), severity_texts[static_cast<int>(s)], name_, format, values, count);
+}
+
+detail::line_memory::line_memory() : failures_(memory_failures)
+{
+}
+
+detail::line_memory::~line_memory()
+{
+    memory_failures = failures_;
 }
 
 void detail::write_log(const char * format, const argument * values, std::size_t count)

@@ -19,6 +19,22 @@
 ///     }
 namespace orvet {
 
+namespace detail {
+
+/// Around the making of a line: what finds no memory there is missing in the line, and fails nothing else.
+class ORVET_API line_memory {
+public:
+    line_memory();
+    line_memory(const line_memory &) = delete;
+    line_memory & operator=(const line_memory &) = delete;
+    ~line_memory();
+
+private:
+    unsigned failures_;
+};
+
+} // namespace detail
+
 /// The trace of one call. Made first thing in a function, with the function's name in the trace, it writes
 /// the entry line; the name must outlive it.
 class ORVET_API call_trace {
@@ -79,6 +95,7 @@ private:
     void line(severity s, checked_format<Args...> format, const Args &... args) const
     {
         if (system_trace::passes(s)) [[unlikely]] {
+            const detail::line_memory apart;
             const argument values[] = {argument(args)..., argument(0)};
             write(s, format.text(), values, sizeof...(Args));
         }
@@ -112,6 +129,7 @@ template <class... Args>
 void log_message(format_for<Args...> format, const Args &... args)
 {
     if (log::passes()) {
+        const detail::line_memory apart;
         const argument values[] = {argument(args)..., argument(0)};
         detail::write_log(format.text(), values, sizeof...(Args));
     }
@@ -120,6 +138,7 @@ void log_message(format_for<Args...> format, const Args &... args)
 template <class... Args>
 void console_message(format_for<Args...> format, const Args &... args)
 {
+    const detail::line_memory apart;
     const argument values[] = {argument(args)..., argument(0)};
     detail::write_console(format.text(), values, sizeof...(Args));
 }

@@ -89,9 +89,11 @@ void open_channel(work_area & area, int first_level, const char * file_name)
 
 stdio_trace_stream::stdio_trace_stream(const char * file_name)
 {
-    pathname path(environment::kt_inst_path());
+    const pathname & directory = environment::kt_inst_path();
+    memory_watch watch;
+    pathname path(directory);
     path += file_name;
-    stream_ = platform::open_stream(path.text(), "a+");
+    stream_ = watch.failed() ? nullptr : platform::open_stream(path.text(), "a+");
     if (!stream_) {
         stream_ = stderr;
         std::fprintf(stderr, "Could not open trace file ->%s<-, logging on stderr\n", path.mbcs_str());

@@ -1,5 +1,6 @@
 #include "orvet/legacycfg/scan_cfg.h"
 
+#include <cerrno>
 #include <utility>
 
 #include "orvet/files/sections.h"
@@ -243,9 +244,11 @@ bool scan_cfg::write_lines(unsigned first) const
 int scan_cfg::recover(const ustring & cfg_file)
 {
     const neighbours files(cfg_file);
+    errno = 0;
     if (platform::exists(cfg_file))
         return code::success;
-    if (!files.usable() || !platform::is_file(files.backup))
+    // What can't be looked at may be there, and must not be replaced.
+    if (errno != ENOENT || !files.usable() || !platform::is_file(files.backup))
         return code::open_failed;
     return platform::rename_file(files.backup, cfg_file) == 0 ? code::success : code::replace_failed;
 }

@@ -75,8 +75,10 @@ void fill(std::FILE * stream)
 {
     if (stream->_flag & _IOWRT) // what stands in its buffer is yet to be written
         return;
+    const int failed = stream->_flag & _IOERR;
     if (const int first = std::getc(stream); first != EOF)
         std::ungetc(first, stream);
+    stream->_flag |= failed; // which `ungetc` may forget
 }
 
 std::FILE * open_stream(const ustring & path, const char * mode)
