@@ -200,7 +200,7 @@ ustring brod_base::redirected(int to_output, int to_errors) const
     if (to_errors != 0) {
         pathname & errors = sset_out_file(error_file);
         line.append(" 2>>").append(errors.text());
-        delete &errors;
+        delete &errors; // NOLINT(clang-analyzer-cplusplus.NewDelete): see `no_path`
     }
     return line;
 }

@@ -93,6 +93,7 @@ private:
     bool check_open(const class call_trace & trace) const;
     bool turn_to(transfer direction);
     bool close_stream();
+    short read_keyval(unsigned & value);
 
     pathname file_path_;
     ustring line_; // the room of the lines that only navigation sees

@@ -26,7 +26,7 @@ short get_count(const ustring & line, int * count)
     memory_watch watch;
     keyval rest(line);
     const bool found = rest.getval("count = ") == 0;
-    const int value = to_int(rest.mbcs_str());
+    const int value = to_int(rest.data());
     if (!found || watch.failed())
         return code::no_count;
     *count = value;
@@ -50,7 +50,9 @@ ustring build_server_rr(const ustring & name)
     ustring server(name);
     if (name.length() != 0)
         server.append("_").append(name);
-    return watch.failed() ? ustring() : server;
+    if (watch.failed())
+        server = ustring();
+    return server;
 }
 
 short kt_file::find_section(const ustring & section)
@@ -74,33 +76,48 @@ short kt_file::seek_section(const ustring & section, int * count, int read_count
     } while (line_ != section);
     if (read_count == 0)
         return trace.leave(code::success);
-    memory_watch watch;
-    ustring key;
-    ustring value;
-    const short rc = get_keyval(key, value);
-    const int number = to_int(value.mbcs_str());
-    if (rc != 0 || watch.failed()) {
+    unsigned value = 0;
+    if (read_keyval(value) != 0) {
         trace.error("Error %d parsing line", code::no_keyval);
         return trace.fail(code::no_keyval);
     }
-    *count = number;
+    *count = value == 0 ? 0 : to_int(line_.data() + value);
     trace.info("Section <%s> found. Count = <%d> ", section, *count);
     return trace.leave(code::success);
+}
+
+namespace {
+
+constexpr char16_t separator[] = u" = ";
+constexpr unsigned separator_length = 3;
+
+} // namespace
+
+/// Reads a line and gives where its value begins; 0, which no value does, at the end of the file.
+short kt_file::read_keyval(unsigned & value)
+{
+    memory_watch watch;
+    value = 0;
+    if (!get_line(line_))
+        return watch.failed() ? code::no_keyval : code::success;
+    const unsigned at = line_.find(separator, 0, separator_length, 0);
+    if (at == ustring::npos)
+        return code::no_keyval;
+    value = at + separator_length;
+    return code::success;
 }
 
 short kt_file::get_keyval(ustring & key, ustring & value)
 {
     memory_watch watch;
-    if (!get_line(line_))
-        return watch.failed() ? code::no_keyval : code::success;
-    constexpr char16_t separator[] = u" = ";
-    const unsigned at = line_.find(separator, 0, 3, 0);
-    if (at == ustring::npos)
-        return code::no_keyval;
-    key.assign(line_, 0, at);
+    unsigned at = 0;
+    const short rc = read_keyval(at);
+    if (rc != 0 || at == 0)
+        return rc;
+    key.assign(line_, 0, at - separator_length);
     if (watch.failed())
         return code::no_keyval;
-    std::swap(value, line_.remove(0, at + 3)); // which needs no memory: both texts change or neither
+    std::swap(value, line_.remove(0, at)); // which needs no memory: both texts change or neither
     return code::success;
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <typeinfo>
 #include <utility>
 
 #include "orvet/files/kt_file.h"
@@ -21,11 +22,19 @@ constexpr char section_name[] = "topology";
 constexpr int most_domains = 32767;
 constexpr char expected_mode[] = "push";
 
+/// An object as one of class `T`; null when it is none. Most are just that, which is quicker seen than found
+/// out.
+template <class T>
+T * as(codable * item)
+{
+    return item && typeid(*item) == typeid(T) ? static_cast<T *>(item) : dynamic_cast<T *>(item);
+}
+
 /// The target section of an item of a topology vector; null for an item that has none.
 sof_entry * target_section(codable * item)
 {
-    auto * const domain = dynamic_cast<top_entry *>(item);
-    auto * const section = domain ? dynamic_cast<sof_entry *>(domain->trg_sect_info[0]) : nullptr;
+    auto * const domain = as<top_entry>(item);
+    auto * const section = domain ? as<sof_entry>(domain->trg_sect_info[0]) : nullptr;
     return section && section->sect_type == sof_entry::target_sect ? section : nullptr;
 }
 

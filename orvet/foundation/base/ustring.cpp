@@ -286,7 +286,12 @@ ustring & ustring::strip(int type, char16_t ch)
 
 unsigned ustring::find(char16_t ch, unsigned pos, int flag) const
 {
-    return find(&ch, pos, 1, flag);
+    if (flag != 0)
+        return find(&ch, pos, 1, flag);
+    const unsigned count = clip(length_, pos, npos);
+    const char16_t * const found =
+        std::char_traits<char16_t>::find(units_ + (count != 0 ? pos : 0), count, ch);
+    return found ? static_cast<unsigned>(found - units_) : npos;
 }
 
 unsigned ustring::find(const char16_t * chars, unsigned pos, unsigned n, int flag) const
