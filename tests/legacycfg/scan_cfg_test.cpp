@@ -88,6 +88,33 @@ TEST(ScanCfg, MakesAServerTheFirstOrTellsWhyNot) {
     EXPECT_EQ(scan_cfg::recover("cfg/brod.cfg"), 250); // a directory is no backup
 }
 
+/// A disk that is full at each byte around the ends of the text and of the buffers on its way.
+TEST(ScanCfg, LosesNothingOnAFullDisk) {
+    std::string generic;
+    for (int i = 0; i < 3500; ++i) generic += "line " + std::to_string(10000 + i) + " of it\n";
+    const std::string text = "server:a\nserver:b\n" + generic, edited = generic + changed;
+    const long whole = static_cast<long>(text.size());
+    fs::remove_all("cfg");
+    fs::create_directory("cfg");
+    for (const long edge : {3L, 4096L, 32768L, 65536L, whole})
+        for (long room = edge - 3; room <= edge + 3; ++room) {
+            write_file(file, text);
+            write_file("cfg/brod.bak", "older");
+            scan_cfg cfg(file);
+            kt_file copy(pathname("copy.txt"));
+            EXPECT_EQ(sum({cfg.load(), copy.open("w")}), 0);
+            if (!limit_files(room))
+                GTEST_SKIP() << "no such limit here";
+            const int rc = cfg.set_server(2), written = copy.write(text.c_str(), static_cast<unsigned>(whole)),
+                      closed = copy.close();
+            limit_files(-1);
+            EXPECT_EQ(rc, room < whole ? 251 : 0) << room;
+            EXPECT_EQ(written != 0 || closed != 0, room < whole) << room;
+            EXPECT_TRUE(read_text(file) == (rc != 0 ? text : edited) && read_text("cfg/brod.bak") == (rc != 0 ? "older" : text))
+                << room;
+        }
+}
+
 TEST(ScanCfg, ListsWhatItRead) {
     write_file("brod.cfg", "  protocol :no\r\n\nWorkstation Name: WS \x85 one  \n   \nserver:  alpha x \n"
                            "PROTOCOL:first\nprotocol:  TCP\nSERVER:beta\nname only\n  SERVERS: \t1:2");

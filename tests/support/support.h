@@ -85,6 +85,8 @@ void print_open_files();
 extern const char * const killed_command;
 /// Opens a file, made if need be, that nobody else gets at until the result goes; null where nobody is kept out.
 std::shared_ptr<void> hold_file(const char * name);
+/// Lets no file grow beyond so many bytes, as a full disk does; -1 lifts that. False where there is no such limit.
+bool limit_files(long bytes);
 /// Ends the process as a power cut does: nothing is flushed or closed.
 [[noreturn]] void die();
 } // namespace orvet_test
