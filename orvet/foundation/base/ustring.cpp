@@ -171,8 +171,7 @@ void ustring::set_length(unsigned units) noexcept
     bytes_length_ = stale;
 }
 
-/// Replaces the text by what `count` bytes say, which are not those of this object's own text; `readable` may
-/// be looked at.
+/// Replaces the text by what `count` bytes say; `readable` may be looked at.
 inline bool ustring::decode(const char * bytes, std::size_t count, std::size_t readable)
 {
     if (count > longest || !reserve(static_cast<unsigned>(count), false)) {
@@ -215,8 +214,7 @@ ustring & ustring::splice(unsigned pos, unsigned removed, const char16_t * text,
 
 ustring & ustring::assign(const char * text)
 {
-    if (text && text >= bytes_ && text < bytes_ + bytes_capacity_) // one's own multi-byte form
-        return *this = ustring(text);
+    // May be one's own multi-byte form, which stays where it is.
     const std::size_t count = text ? std::strlen(text) : 0;
     decode(text ? text : "", count, count);
     return *this;
