@@ -81,7 +81,6 @@ SEAM(int, seek, "fseek", (std::FILE * stream, long offset, int origin)) {
 // clang-format on
 #define CALLED [[gnu::noinline]] // or the compiler takes them for a mixture
 CALLED void * operator new(std::size_t size, const std::nothrow_t &) noexcept { return std::malloc(size); }
-CALLED void * operator new[](std::size_t size, const std::nothrow_t &) noexcept { return std::malloc(size); }
 CALLED void * operator new(std::size_t size) {
     void * const room = std::malloc(size);
     return room ? room : throw std::bad_alloc();
@@ -187,7 +186,8 @@ void listed(world & w) { made(w), w.ls->out_file().set_file_name((where + "list"
 void from(world & w, const char * name) { w.path = (where + name).c_str(); }
 void read_cfg(world & w) { w.cfg.load(), w.text = (where + "brod.cfg").c_str(); }
 /// An operation, and what comes of it when a call fails, once and, where that differs, from then on; of none, behind "-"; and of
-/// any shortage, behind "mem": the code, what is new in the world, in its files and on the console; "+" for what comes of none.
+/// any shortage, behind "mem": the code, what is new in the world, in its files and on the console; "+" is what comes of none,
+/// and what is not listed.
 using row = std::tuple<const char *, void (*)(world &), int (*)(world &), const char *>;
 const row rows[] = {
     ROW(, f.open("r"), "open: 250; seek: 253 open; tell: 256 open -1; seek: 253 open 191; -: 0 open 191; mem: 250 | +"),
@@ -218,21 +218,20 @@ const row rows[] = {
         "fill: + | 260; tell: 256 @-1@0@0; tell: 256 @137@-1@0; tell: 256 @137@173@-1; -: 0 @137@173@191; mem: 260 @137@0@0 | "
         "258 @137@173@0 | 258 | 258 @137@0@0 | +"),
     ROW(from(w, "agents"), w.fips.get_fips(w.path, 1, "TARGET=", 1),
-        "open: 250; seek: 253; tell: 256; fill: + | 102 0/1; close: +; -: 0 0/2; mem: 250 | 102 0/2 | 100 0/2 | +"),
+        "open: 250; seek: 253; tell: 256; fill: + | 102 0/1; -: 0 0/2; mem: 250 | 102 0/2 | 100 0/2 | +"),
     ROW(from(w, "profiles"), w.fips.get_fips(w.path, 1, "PROFILE NAME=", 2),
-        "open: 250; seek: 253; tell: 256; fill: + | 0 1/1; close: +; -: 0 2/1; mem: 250 | 102 0/1 | 100 0/1 | 102 1/1 | +"),
+        "open: 250; seek: 253; tell: 256; fill: + | 0 1/1; -: 0 2/1; mem: 250 | 102 0/1 | 100 0/1 | 102 1/1 | +"),
     ROW(from(w, "users"), w.fips.get_fips(w.path, 1, "USER=", 3),
-        "open: 250; seek: 253; tell: 256; fill: + | 102 0/1; close: +; -: 0 1/1; mem: 250 | 102 0/1 | 100 0/1 | +"),
+        "open: 250; seek: 253; tell: 256; fill: + | 102 0/1; -: 0 1/1; mem: 250 | 102 0/1 | 100 0/1 | +"),
     ROW(w.text.insert(0, "server_name = mount_point="), w.agent.set(w.text), "-: 0 1mount_point=~; mem: 100"),
     ROW(w.text.insert(0, "send="), w.profile.set(w.text), "-: 0 1~; mem: 100"),
     ROW(w.text.insert(0, "USER="), w.user.set(w.text), "-: 0 1~; mem: 100"),
     ROW(, (w.profile.set_usSend(w.text), 0), "-: 0 1~; mem: 0"),
     ROW(, w.ip.get_ips(3, w.words), "-: 0 1another text, a longer one; mem: 15 'MSGI"),
-    ROW(, (w.ip.set_ip_op_sys(longer.c_str()), 0), "flush: +; -: 0 1 'MSGI; mem: 0 | +"),
+    ROW(, (w.ip.set_ip_op_sys(longer.c_str()), 0), "-: 0 1 'MSGI; mem: 0 | +"),
     ROW(, brod_base_ls(w.text).exec_brod_cmd(1, 1),
-        "flush: + | -1; run: -1; remove: +; -: 0  brod ls ~>~cattmp.out 2>>~broderr.out; mem: -1 | +"),
-    ROW(, brod_base_lscm(w.text, w.value).exec_brod_cmd(0, 0),
-        "flush: + | -1; run: -1; remove: +; -: 0  brod lscm ~ -w ~; mem: -1 | +"),
+        "flush: + | -1; run: -1; -: 0  brod ls ~>~cattmp.out 2>>~broderr.out; mem: -1 | +"),
+    ROW(, brod_base_lscm(w.text, w.value).exec_brod_cmd(0, 0), "flush: + | -1; run: -1; -: 0  brod lscm ~ -w ~; mem: -1 | +"),
     ROW(made(w), w.ls->exec_brod_cmd(1, 1), "flush: + | -1; run: -1; -: 0  brod ls ~>~cattmp.out 2>>~broderr.out; mem: -1"),
     ROW((made(w), w.ls->set_brod_cmd("dummy directory brod lstg -l", 1)), w.ls->exec_brod_cmd(0, 1),
         "flush: + | -1 'Dumm; run: -1 'Dumm; -: 0 ~directory/x_lstgl > ~cattmp.out 'Dumm; mem: -1"),
@@ -242,15 +241,14 @@ const row rows[] = {
     ROW(made(w), (w.ls->build_final_out_file(w.value), 0), "-: 0 ~; mem: 0"),
     ROW(listed(w), (w.ls->set_local_name(), 0),
         "open: 0 list=-; seek: 0 list=-; tell: 0 list=-; fill: + | 0 list=-; -: 0 ~and/a/longer/name list=-; mem: 0 list=- | +"),
-    ROW((listed(w), w.ls->out_file().open("r")), (w.ls.reset(), 0), "close: +; remove: +; -: 0 list=-"),
+    ROW((listed(w), w.ls->out_file().open("r")), (w.ls.reset(), 0), "-: 0 list=-"),
     ROW(, (w.text = std::unique_ptr<pathname>(&sset_out_file("a name"))->text(), 0), "-: 0 ~a name; mem: 0 | 0 "),
     ROW(w.text = "at $(REPOSITORY)/x", (resolve_tokens(w.text), 0), "-: 0 ~repos/x; mem: 0"),
     ROW(, usprintf(w.text, "%s and %d", "another text, a longer one", 5), "-: 32 another text, a longer one and 5; mem: 38"),
     ROW(, get_token(w.text, 0).length() != 0, "-: 1; mem: 0"),
     ROW(, static_cast<int>(build_server_rr(w.text).length()), "-: 77; mem: 0"),
     ROW(w.text = "count = 00000000000000000000000000005", get_count(w.text, &w.count), "-: 0 5; mem: 259"),
-    ROW(, w.cfg.load(),
-        "open: 250 unable t 'unab; fill: 250 unable t 'unab; close: +; -: 0 22 ~; mem: 250 unable t 'unab | 250 'unab | +"),
+    ROW(, w.cfg.load(), "open: 250 unable t 'unab; fill: 250 unable t 'unab; -: 0 22 ~; mem: 250 unable t 'unab | 250 'unab | +"),
     ROW(read_cfg(w), w.cfg.set_server(2),
         "open: 250 unable t | killed; permit: 251 i/o erro ~tmp= | killed ~tmp=; write: 251 i/o erro ~tmp= | killed ~tmp=; "
         "write: 251 i/o erro ~tmp=WORK | killed ~tmp=; write: 251 i/o erro ~tmp=WORK | killed ~tmp=WORK; flush: 251 i/o erro "
@@ -259,14 +257,13 @@ const row rows[] = {
         "~bak=- ~tmp=new; rename: 261 error re ~bak=- ~tmp=new | 261 error re ~bak=~cfg ~cfg=- ~tmp=new | killed ~bak=~cfg "
         "~cfg=- ~tmp=new; -: 0 ~bak=~cfg ~cfg=new; mem: 250 unable t | 250 | 251 i/o erro ~tmp=WORK | 251 ~tmp=WORK"),
     ROW(read_cfg(w), (w.cfg.fill_vector(w.items), 0), "-: 0 *; mem: 0"),
-    ROW(read_cfg(w), (w.cfg.show_all(), w.cfg.show(), 0), "write: +; -: 0 '//**; mem: +"),
+    ROW(read_cfg(w), (w.cfg.show_all(), w.cfg.show(), 0), "-: 0 '//**; mem: +"),
     ROW((read_cfg(w), std::filesystem::remove(where + "brod.cfg")), scan_cfg::recover(w.text),
         "exists: 250 ~cfg=-; is_file: 250 ~cfg=-; rename: 261 ~cfg=-; -: 0 ~bak=- ~cfg=~bak; mem: 250 ~cfg=-"),
     ROW(from(w, "brod.cfg"), scan_cfg::recover(w.path.text()), "exists: 250; -: 0; mem: +"),
     ROW(, kt_chkfile(w.path), "exists: 0; -: 1"),
-    ROW(, (heapdump("dump"), std::remove("dump")), "open: -1 'PANI; close: +; -: 0 'PANI; mem: -1 'PANI"),
-    ROW(, stdio_trace_stream("a directory of its own/x").writeline("line"),
-        "open: 4 | -1; write: -1 x=; flush: +; close: +; -: 4 x=line; mem: 4"),
+    ROW(, (heapdump("dump"), std::remove("dump")), "open: -1 'PANI; -: 0 'PANI; mem: -1 'PANI"),
+    ROW(, stdio_trace_stream("a directory of its own/x").writeline("line"), "open: 4 | -1; write: -1 x=; -: 4 x=line; mem: 4"),
     ROW(, (w.text.append(w.value), 0), "-: 0 ~~; mem: 0"),
     ROW(, (w.path += w.text, 0), "-: 0 ~other/~; mem: 0"),
     ROW(w.items.push_back(new ustring("one")), (w.items.push_back(new (std::nothrow) ustring("two")), 0), "-: 0 **; mem: 0"),
@@ -334,7 +331,7 @@ TEST(Faults, LeaveWhatIsPromised) {
                         run_scenario("set_server");
                         line += " | killed" + std::regex_replace(lay_out(), std::regex("brod\\."), "~");
                     }
-                    all += memory || all.find(line) != std::string::npos ? "" : line + "; ";
+                    all += memory || line.ends_with(": +") || all.find(line) != std::string::npos ? "" : line + "; ";
                     for (const std::string & each : {once, always})
                         if (memory && !(traced && each == "+") &&
                             (promise + " |").find(" " + each + " |", front.size()) == promise.npos)
