@@ -6,8 +6,8 @@
 namespace orvet {
 
 /// The path of `name` in the `migr` directory, which lies below Brodan's installation path and has to exist;
-/// an empty path for an empty name and when memory is short. A new object on the heap: the caller releases it,
-/// or has a `brod_base` take it over.
+/// an empty path for an empty name and when memory is short. A new object on the heap: the caller releases
+/// it, or has a `brod_base` take it over.
 ORVET_API pathname & sset_out_file(const char * name);
 
 /// A Brodan command with its files: the text to run, the temporary file that takes what the command prints,
