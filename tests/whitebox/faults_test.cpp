@@ -81,12 +81,15 @@ SEAM(int, seek, "fseek", (std::FILE * stream, long offset, int origin)) {
 // clang-format on
 #define CALLED [[gnu::noinline]] // or the compiler takes them for a mixture
 CALLED void * operator new(std::size_t size, const std::nothrow_t &) noexcept { return std::malloc(size); }
+CALLED void * operator new[](std::size_t size, const std::nothrow_t &) noexcept { return std::malloc(size); }
 CALLED void * operator new(std::size_t size) {
     void * const room = std::malloc(size);
     return room ? room : throw std::bad_alloc();
 }
 CALLED void operator delete(void * room) noexcept { std::free(room); }
 CALLED void operator delete(void * room, std::size_t) noexcept { std::free(room); }
+CALLED void operator delete[](void * room) noexcept { std::free(room); }
+CALLED void operator delete[](void * room, std::size_t) noexcept { std::free(room); }
 namespace {
 const std::string where = "a directory of its own/", longer = "a text longer than what is kept inside", x(11000, 'x');
 const std::map<std::string, std::string> files = {
@@ -185,9 +188,8 @@ void made(world & w) { w.ls = std::make_unique<brod_base_ls>(w.text); }
 void listed(world & w) { made(w), w.ls->out_file().set_file_name((where + "list").c_str()); }
 void from(world & w, const char * name) { w.path = (where + name).c_str(); }
 void read_cfg(world & w) { w.cfg.load(), w.text = (where + "brod.cfg").c_str(); }
-/// An operation, and what comes of it when a call fails, once and, where that differs, from then on; of none, behind "-"; and of
-/// any shortage, behind "mem": the code, what is new in the world, in its files and on the console; "+" is what comes of none,
-/// and what is not listed.
+/// An operation, and what comes of each call that fails, once and, if different, from then on; of none, behind "-"; of shortages,
+/// behind "mem": code, what is new in the world, its files and on the console. "+", or no word, is what comes of none.
 using row = std::tuple<const char *, void (*)(world &), int (*)(world &), const char *>;
 const row rows[] = {
     ROW(, f.open("r"), "open: 250; seek: 253 open; tell: 256 open -1; seek: 253 open 191; -: 0 open 191; mem: 250 | +"),
@@ -289,8 +291,8 @@ std::string run(const row & r, fault kind, bool memory, int n, const std::string
         const auto state = w.state();
         for (std::size_t i = 0; i < state.size(); ++i)
             outcome += i < old_state.size() && state[i] == old_state[i] ? "" : " " + state[i];
-        w.ls.reset();
-        (outcome += w.file.close() == 0 ? "" : " gone") += lay_out();
+        w.ls.reset(), outcome += w.file.close() == 0 ? "" : " gone";
+        outcome += lay_out();
     }
     EXPECT_TRUE(n == 0 || blocks == before) << blocks - before << " blocks are lost";
     EXPECT_TRUE(std::all_of(held, std::end(held), [](std::FILE * stream) { return !stream; })) << "a stream stays open";
