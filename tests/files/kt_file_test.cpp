@@ -178,13 +178,6 @@ TEST(KtFile, WorksOnDevicesAsFarAsTheyGo) {
               "T[E] kt_file::seek Error seeking in file pipe at offset 0 from origin 2\n"
               "L MSG0019 [F] Error seeking in the file pipe to offset 0 from origin 2.\n"
               "T[F] kt_file::open Error seeking at the end of the file -->pipe<--\n253");
-    vector topv;
-    ustring server;
-    EXPECT_EQ(sum({pipe.write("count = 1\nr = a,R\n[r]\ncount = 2\n", 32), pipe.load_top(server, topv)}), 0);
-    EXPECT_EQ(told([&] { return pipe.load_offsets(topv); }, 3),
-              "T[F] kt_file::get_pos Error getting the position of the file\n"
-              "T[F] kt_file::load_offsets Error reading section offset -->[r]<--\n"
-              "L MSG0113 [E]  Unable to locate section <[r]> in file <pipe>.\n256");
     EXPECT_EQ(file_input_parms().get_fips("pipe", 1, "USER=", 3), 253);
 }
 } // namespace

@@ -1,30 +1,6 @@
 #include "support.h"
 
 namespace {
-TEST(Sections, TakesLinesApart) {
-    const std::tuple<const char *, int, const char *> tokens[] = {{"a,,b", 0, "a"},    {"a,,b", 1, ""},  {"a,,b", 2, "b"},
-                                                                  {"a,b", 5, ""},      {"a,b", -1, "a"}, {"", 0, ""},
-                                                                  {" a , b", 1, " b"}, {"a,", 1, ""}};
-    for (const auto & [text, index, token] : tokens) EXPECT_EQ(text_of(get_token(text, index)), token) << text << index;
-    const std::tuple<const char *, int, int> counts[] = {{"count = 4", 0, 4},   {"COUNT =    4", 0, 4},
-                                                         {"count = x", 0, 0},   {"count = 012abc", 0, 12},
-                                                         {"count = -3", 0, -3}, {"count = 99999999999", 0, 2147483647},
-                                                         {"count=4", 259, 7},   {" count = 4", 259, 7},
-                                                         {"coun", 259, 7},      {"", 259, 7}};
-    for (const auto & [line, code, expected] : counts) {
-        int count = 7;
-        EXPECT_EQ(get_count(line, &count), code) << line;
-        EXPECT_EQ(count, expected) << line;
-    }
-    EXPECT_EQ(text_of(build_server_rr("HQ1")), "HQ1_HQ1");
-    EXPECT_EQ(text_of(build_server_rr("")), "");
-    keyval line("Local Name:   x y ");
-    EXPECT_NE(line.getval("Local name: longer than that"), 0);
-    EXPECT_NE(line.getval("Remote"), 0);
-    EXPECT_EQ(line.getval("local name:"), 0);
-    EXPECT_EQ(text_of(line), "x y ");
-}
-
 TEST(Sections, WalksForward) {
     write_file("sections.txt", "lead\n[Topology]\n[topology] \n[topology]\nentries = 4\na = b = c\nno separator=\n"
                                "empty = \n[bad]\nno count\n[last]");

@@ -28,24 +28,9 @@ TEST(Ustring, AnyBytesComeBackAsTheyWere) {
     }
 }
 
-TEST(Ustring, EditsInPlace) {
-    const auto abc = [] { return ustring("abcdef"); };
-    const ustring xy("xy");
-    // clang-format off
-    const std::pair<ustring, const char *> cases[] = {
-        {abc().append("gh"), "abcdefgh"}, {abc() += xy, "abcdefxy"}, {abc().insert(2, xy, 0, ustring::npos), "abxycdef"},
-        {abc().insert(2, xy, 1, 1), "abycdef"}, {abc().insert(2, xy, 2, 1), "abcdef"},
-        {abc().insert(99, xy, 0, ustring::npos), "abcdefxy"}, {abc().remove(1, 2), "adef"},
-        {abc().remove(4, ustring::npos), "abcd"}, {abc().remove(6, 1), "abcdef"},
-        {abc().assign(xy, 1, ustring::npos), "y"}, {abc().assign(xy, 2, 1), ""}, {ustring(abc(), 2, 3), "cde"},
-        {ustring(abc(), 9, 3), ""}, {abc().to_upper(1, 2), "aBCdef"},
-        {ustring("\xC3\xA9Zz").to_lower(0, ustring::npos), "\xC3\xA9zz"}, {ustring("{z").to_upper().to_upper(2), "{Z"},
-        {ustring("  a b  ").strip(ustring::strip_front, ' '), "a b  "},
-        {ustring("  a b  ").strip(ustring::strip_back, ' '), "  a b"},
-        {ustring("  a b  ").strip(ustring::strip_both, ' '), "a b"}, {ustring(" ").strip(ustring::strip_back, ' '), ""},
-        {ustring(static_cast<const char *>(nullptr)), ""}};
-    // clang-format on
-    for (const auto & [result, expected] : cases) EXPECT_EQ(text_of(result), expected);
+// Edits and searches stand beside a model, with the other inputs that are generated.
+TEST(Ustring, TakesItsOwnText) {
+    EXPECT_EQ(text_of(ustring(static_cast<const char *>(nullptr))), "");
     ustring text("0123456789"); // its own text, also where it grows past what it keeps inside itself
     text.append(text).append(text);
     EXPECT_EQ(text_of(text), "0123456789012345678901234567890123456789");
@@ -58,19 +43,7 @@ TEST(Ustring, EditsInPlace) {
     EXPECT_TRUE(ustring(std::move(text)) == "aB" && text == "");
 }
 
-TEST(Ustring, FindsAndCompares) {
-    const ustring text("a=b = c = d");
-    constexpr char16_t mark[] = u" = ", letters[] = u"CD";
-    const std::pair<unsigned, unsigned> found[] = {{text.find(u'=', 2, 0), 4},
-                                                   {text.find(u'a', 99, 0), ustring::npos},
-                                                   {text.find(mark, 0, 3, 0), 3},
-                                                   {text.find(mark, 4, ustring::npos, 0), 7},
-                                                   {text.find(mark, 11, 0, 0), 11},
-                                                   {text.find(u'x', 0, 0), ustring::npos},
-                                                   {text.find_first_of(letters, 0, 2, 0), ustring::npos},
-                                                   {text.find_first_of(letters, 0, ustring::npos, 1), 6},
-                                                   {ustring("\\/x").find_first_not_of(u"/\\", 0, 2, 0), 2}};
-    for (const auto & [result, expected] : found) EXPECT_EQ(result, expected);
+TEST(Ustring, OrdersTexts) {
     const std::tuple<const char *, unsigned, const char *, int, int> cases[] = {
         {"Count = 4", 8, "count = ", 1, 0}, {"Count = 4", 8, "count = ", 0, -1},
         {"cou", 8, "count = ", 1, -1},      {"B", 1, "a", 1, 1},
@@ -81,29 +54,8 @@ TEST(Ustring, FindsAndCompares) {
     EXPECT_TRUE(ustring("SEND=x").begins_with("SEND=") && !ustring("SEN").begins_with("SEND="));
 }
 
-TEST(Ustring, ReadsLines) {
-    const std::string longest(100000, 'x'), filling(4095, 'x');
-    const std::pair<std::string, std::vector<std::string>> cases[] = {
-        {"", {}},
-        {"\n", {""}},
-        {"a\r\nb\r\n", {"a", "b"}},
-        {"a\r\rb\r", {"a\r\rb\r"}},
-        {std::string("z\0z\n", 4), {std::string("z\0z", 3)}},
-        {longest + "\n" + longest + "\r\nend", {longest, longest, "end"}},
-        {std::string(3800, 'a') + "\n" + std::string(513, 'b'), {std::string(3800, 'a'), std::string(513, 'b')}},
-        {filling + "\r\nnext", {filling, "next"}}, // what the end of a filling of the stream cuts
-        {filling + "\xC3\xA9\n", {filling + "\xC3\xA9"}}};
-    for (const auto & [bytes, expected] : cases) {
-        write_file("lines.txt", bytes);
-        std::FILE * const file = std::fopen("lines.txt", "rb");
-        ustring line("as it was");
-        std::vector<std::string> lines;
-        while (line.getline(file)) lines.push_back(text_of(line));
-        EXPECT_EQ(lines, expected);
-        EXPECT_EQ(text_of(line), lines.empty() ? "as it was" : lines.back());
-        EXPECT_EQ(sum({std::ftell(file), std::fclose(file)}), static_cast<long>(bytes.size()));
-    }
-    write_file("lines.txt", "first\nsecond\nthird\n"); // other readers of the stream go on where a line ends
+TEST(Ustring, LeavesTheRestToOtherReaders) {
+    write_file("lines.txt", "first\nsecond\nthird\n");
     std::FILE * const file = std::fopen("lines.txt", "rb");
     ustring line;
     char buffer[64];

@@ -14,6 +14,10 @@ bool of_memory = false;   // else of the system
 int to_go = 0;            // calls until it strikes
 const char * struck = ""; // the call that it has struck first
 long blocks = 0;          // of memory in use
+/// What was asked for since the process began.
+struct {
+    long allocations, bytes, comparisons, writes;
+} asked{};
 std::FILE * held[8] = {}; // the library's open streams
 std::string ran;          // the last command: none gets to a shell
 /// Keeps the fault away from what is done meanwhile.
@@ -52,6 +56,7 @@ SEAM(int, close, "fclose", (std::FILE * stream)) {
     return strikes("close") | real_close(stream) ? EOF : 0; // it is gone even then
 }
 SEAM(void *, malloc, "malloc", (std::size_t size)) {
+    ++asked.allocations, asked.bytes += static_cast<long>(size);
     return strikes("memory", true) ? nullptr : (++blocks, real_malloc(size));
 }
 SEAM(void, free, "free", (void * room)) { blocks -= room != nullptr, real_free(room); }
@@ -70,6 +75,10 @@ SEAM(int, run, PLATFORM "11run_commandERKNS_7ustringE", (const ustring & line)) 
 }
 FAULTY(std::size_t, read, "fread", (void * to, std::size_t size, std::size_t n, std::FILE * from), (to, size, n, from), (from->STREAM_FLAGS |= 0x20, 0))
 FAULTY(std::size_t, write, "fwrite", (const void * from, std::size_t size, std::size_t n, std::FILE * to), (from, size, n, to), 0)
+SEAM(std::size_t, line, PLATFORM "13write_throughEP" STREAM "PKc" SIZE, (std::FILE * to, const char * from, std::size_t size)) {
+    return ++asked.writes, strikes("write") ? 0 : real_line(to, from, size);
+}
+SEAM(bool, equals, "_ZNK5orvet7ustring6equalsERKS0_", (const ustring & a, const ustring & b)) { return ++asked.comparisons, real_equals(a, b); }
 FAULTY(int, flush, "fflush", (std::FILE * stream), (stream), (real_flush(stream), EOF))
 FAULTY(long, tell, "ftell", (std::FILE * stream), (stream), -1)
 SEAM(int, seek, "fseek", (std::FILE * stream, long offset, int origin)) {
@@ -297,7 +306,7 @@ std::string run(const row & r, fault kind, bool memory, int n, const std::string
     EXPECT_TRUE(n == 0 || blocks == before) << blocks - before << " blocks are lost";
     EXPECT_TRUE(std::all_of(held, std::end(held), [](std::FILE * stream) { return !stream; })) << "a stream stays open";
     std::fflush(stdout);
-    if (const std::string printed = plain_line_ends(testing::internal::GetCapturedStdout()); printed != "")
+    if (const std::string printed = replaced(testing::internal::GetCapturedStdout(), {{"\r\n", "\n"}}); printed != "")
         outcome += " '" + printed.substr(0, 4);
     for (const std::string & text : {longer, where, native(test_directory().string() + "/brodan/migr/"),
                                      native(test_directory().string() + "/brodan/"), "cat "s, "type "s, "brod."s})
@@ -341,5 +350,42 @@ TEST(Faults, LeaveWhatIsPromised) {
                 }
             EXPECT_EQ(all + "-: " + untouched, front) << std::get<0>(r);
         }
+}
+
+/// Counted, so that no clock has to tell.
+TEST(Costs, StayWhatTheyAre) {
+    const auto spent = [](auto cost, const std::function<void()> & action) {
+        const long before = asked.*cost;
+        action();
+        return asked.*cost - before;
+    };
+    using all = decltype(asked);
+    trace::set_level(orvet::log::wa(), 0);
+    trace::set_stream(orvet::log::wa(), new stdio_trace_stream("lines.txt"));
+    log_message(messages::MSG0018, "file", 1, 2);
+    EXPECT_EQ(spent(&all::allocations, [] { log_message(messages::MSG0018, "file", 1, 2); }), 0);
+    EXPECT_EQ(spent(&all::writes, [] { log_message(messages::MSG0018, "file", 1, 2); }), 1);
+    trace::set_stream(orvet::log::wa(), nullptr);
+    constexpr int domains = 2000;
+    std::string text = "count = " + std::to_string(domains) + "\n";
+    for (int i = 0; i < domains; ++i) text += "d" + std::to_string(i) + " = any,D" + std::to_string(i) + ",push,D0\n";
+    write_file("domains.txt", text);
+    kt_file file(pathname("domains.txt"));
+    EXPECT_EQ(file.open("r"), 0);
+    for (const auto & [cost, most] :
+         {std::pair(&all::allocations, 6), std::pair(&all::bytes, 1000), std::pair(&all::comparisons, 3)}) {
+        vector topv;
+        ustring server;
+        EXPECT_EQ(file.seek(0, SEEK_SET), 0);
+        EXPECT_LE(spent(cost, [&] { EXPECT_EQ(file.load_top(server, topv), 0); }), most * domains);
+    }
+    ustring line(std::string(100, ' ').c_str());
+    EXPECT_EQ(file.seek(0, SEEK_SET), 0);
+    EXPECT_EQ(spent(&all::allocations,
+                    [&] {
+                        while (file.get_line(line)) continue;
+                    }),
+              0);
+    EXPECT_EQ(file.close(), 0);
 }
 } // namespace
