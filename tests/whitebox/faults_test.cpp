@@ -95,6 +95,7 @@ CALLED void * operator new(std::size_t size) {
     void * const room = std::malloc(size);
     return room ? room : throw std::bad_alloc();
 }
+CALLED void * operator new[](std::size_t size) { return ::operator new(size); }
 CALLED void operator delete(void * room) noexcept { std::free(room); }
 CALLED void operator delete(void * room, std::size_t) noexcept { std::free(room); }
 CALLED void operator delete[](void * room) noexcept { std::free(room); }
