@@ -75,7 +75,7 @@ SEAM(int, run, PLATFORM "11run_commandERKNS_7ustringE", (const ustring & line)) 
 }
 FAULTY(std::size_t, read, "fread", (void * to, std::size_t size, std::size_t n, std::FILE * from), (to, size, n, from), (from->STREAM_FLAGS |= 0x20, 0))
 FAULTY(std::size_t, write, "fwrite", (const void * from, std::size_t size, std::size_t n, std::FILE * to), (from, size, n, to), 0)
-SEAM(std::size_t, line, PLATFORM "13write_throughEP" STREAM "PKc" SIZE, (std::FILE * to, const char * from, std::size_t size)) {
+SEAM(std::size_t, line, PLATFORM "13write_throughEP" STREAM "PKc" SIZE_CODE, (std::FILE * to, const char * from, std::size_t size)) {
     return ++asked.writes, strikes("write") ? 0 : real_line(to, from, size);
 }
 SEAM(bool, equals, "_ZNK5orvet7ustring6equalsERKS0_", (const ustring & a, const ustring & b)) { return ++asked.comparisons, real_equals(a, b); }
