@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <experimental/simd>
 #include <functional>
 #include <limits>
 #include <string_view>
@@ -356,12 +355,9 @@ namespace {
 /// longer than looking through a common line does.
 inline const char * find_feed(const platform::read_ahead & ahead)
 {
-    namespace simd = std::experimental;
-    using block = simd::simd<char, simd::simd_abi::deduce_t<char, utf8::block>>;
-    constexpr std::ptrdiff_t step = block::size();
     const char * at = ahead.begin;
-    for (; ahead.end - at >= step; at += step)
-        if (const auto feeds = block(at, simd::element_aligned) == '\n'; any_of(feeds))
+    for (; ahead.end - at >= static_cast<std::ptrdiff_t>(utf8::block); at += utf8::block)
+        if (const auto feeds = utf8::load_block(at) == '\n'; any_of(feeds))
             return at + find_first_set(feeds);
     while (at != ahead.end && *at != '\n')
         ++at;

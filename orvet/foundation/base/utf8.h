@@ -2,8 +2,8 @@
 #define ORVET_FOUNDATION_BASE_UTF8_H
 
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
+#include <experimental/simd>
 
 // The two forms of a text. A byte that is no part of valid UTF-8 becomes the unit U+DC00 + byte and turns
 // back into that byte, so any sequence of bytes survives the way there and back.
@@ -26,8 +26,17 @@ constexpr bool is_low(char16_t unit) noexcept
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-/// Texts are widened in blocks of that many characters.
+/// Texts are looked through and widened in blocks of that many characters.
 inline constexpr std::size_t block = 16;
+
+/// The bytes of a block side by side; those of other characters than ASCII are below zero.
+using block_bytes =
+    std::experimental::simd<signed char, std::experimental::simd_abi::deduce_t<signed char, block>>;
+
+inline block_bytes load_block(const char * bytes) noexcept
+{
+    return {reinterpret_cast<const signed char *>(bytes), std::experimental::element_aligned};
+}
 
 /// Widens the ASCII characters that the bytes begin with and gives how many there are, at most `count`. Looks
 /// at up to `readable` bytes, at least `count`, and `units` has room for as many: the compiler makes vector
@@ -37,12 +46,10 @@ inline std::size_t widen_ascii(const char * bytes, std::size_t count, std::size_
 {
     std::size_t done = 0;
     for (; done < count && done + block <= readable; done += block) {
+        if (any_of(load_block(bytes + done) < 0))
+            break;
         unsigned char taken[block];
         std::memcpy(taken, bytes + done, block);
-        std::uint64_t seen[2];
-        std::memcpy(seen, bytes + done, block);
-        if ((seen[0] | seen[1]) & 0x8080808080808080U)
-            break;
         for (std::size_t i = 0; i < block; ++i)
             units[done + i] = taken[i];
     }
