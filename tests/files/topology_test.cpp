@@ -164,5 +164,6 @@ TEST(Topology, PassesOverWhatIsNoDomain) {
     EXPECT_EQ(told([&] { return file.load_offsets(topv); }), call("kt_file::load_offsets", print + print) + "0");
     topv.push_back(new ustring("text"));
     EXPECT_EQ(told([&] { return print_topv(topv, "x"); }), print + "0");
+    EXPECT_EQ(file.close(), 0);
 }
 } // namespace
