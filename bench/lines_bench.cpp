@@ -11,6 +11,7 @@
 #include <unicode/unistr.h>
 
 #include "bench.h"
+#include "peak_memory.h"
 #include "silence.h"
 
 namespace {
@@ -35,24 +36,12 @@ std::string lines_file(const benchmark::State & state)
     });
 }
 
-/// The most memory that this program has held. What `getrusage` tells begins with that of the program's
-/// parent.
-double peak_kb()
-{
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line))
-        if (line.starts_with("VmHWM:"))
-            return std::stod(line.substr(6));
-    return 0;
-}
-
 void check(benchmark::State & state, long lines)
 {
     if (lines != state.range(0))
         state.SkipWithError("lines were lost");
     state.SetBytesProcessed(state.iterations() * state.range(0) * state.range(1));
-    state.counters["peak_kb"] = peak_kb();
+    state.counters["peak_kb"] = static_cast<double>(bench::peak_kb());
 }
 
 void lines_orvet(benchmark::State & state)

@@ -22,6 +22,7 @@
 
 #include <orvet/orvet.h>
 
+#include "peak_memory.h"
 #include "scan_file.h"
 
 namespace {
@@ -224,16 +225,6 @@ double user_seconds()
     return seconds;
 }
 
-long peak_kb()
-{
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line))
-        if (line.starts_with("VmHWM:"))
-            return std::stol(line.substr(6));
-    return 0;
-}
-
 outcome run_here(const load & each, long size)
 {
     outcome result{};
@@ -251,7 +242,7 @@ outcome run_here(const load & each, long size)
         result.user = user_seconds() - user;
         result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
         result.streams_after = open_streams();
-        result.peak_kb = peak_kb();
+        result.peak_kb = bench::peak_kb();
     } catch (const std::exception & problem) {
         std::snprintf(result.error, sizeof result.error, "%s", problem.what());
     }

@@ -13,7 +13,8 @@ constexpr char16_t separators[] = {u'/', u'\\'};
 
 bool ends_in_separator(const ustring & path)
 {
-    return path.length() != 0 && path.find_first_of(separators, path.length() - 1, 2) != ustring::npos;
+    // In an empty path that place lies outside, where nothing is found.
+    return path.find_first_of(separators, path.length() - 1, 2) != ustring::npos;
 }
 
 /// Adds to `path`, which does not hold `element` itself.
