@@ -71,7 +71,7 @@ constexpr conversion next_conversion(const char * format)
     if (!*format)
         return {false, format, format, format, 0, 0};
     const char * at = format + 1;
-    while (among(*at, "-+ #0123456789."))
+    while (*at <= '9' && among(*at, "-+ #0123456789."))
         ++at;
     const char * const flags = at;
     char size = 0;

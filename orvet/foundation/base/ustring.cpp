@@ -122,24 +122,26 @@ void ustring::drop() noexcept
     release(bytes_);
 }
 
-/// Makes room for `units`, and keeps the present text if `keep`; else only the room counts.
-inline bool ustring::reserve(unsigned units, bool keep)
+/// Makes room for `units`; the text that stood there is gone where the room is new.
+inline bool ustring::reserve(std::size_t units)
 {
-    if (units <= capacity_)
-        return true;
+    return units <= capacity_ || grow(units);
+}
+
+bool ustring::grow(std::size_t units)
+{
     if (units > longest) {
         ++memory_failures;
         return false;
     }
-    const unsigned room = std::max(units, capacity_ + capacity_ / 2) | (utf8::block - 1);
-    auto * fresh = allocate<char16_t>(std::size_t{room} + 1);
+    const std::size_t room = std::max<std::size_t>(units, capacity_ + capacity_ / 2) | (utf8::block - 1);
+    auto * const fresh = allocate<char16_t>(room + 1);
     if (!fresh)
         return false;
-    copy_units(fresh, units_, keep ? length_ + 1 : 0);
     if (!is_inside())
         release(units_);
     units_ = fresh;
-    capacity_ = room;
+    capacity_ = static_cast<unsigned>(room);
     return true;
 }
 
@@ -171,17 +173,12 @@ void ustring::set_length(unsigned units) noexcept
 }
 
 /// Replaces the text by what `count` bytes say; `readable` may be looked at.
-inline bool ustring::decode(const char * bytes, std::size_t count, std::size_t readable)
+bool ustring::decode(const char * bytes, std::size_t count, std::size_t readable)
 {
-    if (count > longest || !reserve(static_cast<unsigned>(count), false)) {
-        memory_failures += count > longest;
+    if (!reserve(count))
         return false;
-    }
     readable = std::min<std::size_t>(readable, capacity_ + 1);
-    std::size_t units = utf8::widen_ascii(bytes, count, readable, units_);
-    if (units < count)
-        units += utf8::decode(bytes + units, count - units, readable - units, units_ + units);
-    set_length(static_cast<unsigned>(units));
+    set_length(static_cast<unsigned>(utf8::decode(bytes, count, readable, units_)));
     return true;
 }
 
@@ -200,10 +197,8 @@ ustring & ustring::splice(unsigned pos, unsigned removed, const char16_t * text,
     ustring result;
     const bool grows = n < total; // a text that is added to is added to again
     const std::size_t room = grows && total > capacity_ ? std::max(total, std::size_t{capacity_} * 2) : total;
-    if (total > longest || !result.reserve(static_cast<unsigned>(room), false)) {
-        memory_failures += total > longest;
+    if (!result.reserve(room))
         return *this;
-    }
     copy_units(result.units_, units_, pos);
     copy_units(result.units_ + pos, text, n);
     copy_units(result.units_ + pos + n, units_ + pos + removed, tail);
@@ -351,42 +346,33 @@ bool ustring::equals(const ustring & as_long) const noexcept
 
 namespace {
 
-/// Where the line ends that `ahead` begins with; null when it is not in there. A call of `memchr` would take
-/// longer than looking through a common line does.
-inline const char * find_feed(const platform::read_ahead & ahead)
+/// Bytes of a line that `feed` ends.
+inline std::size_t line_length(const char * begin, const char * feed)
 {
-    const char * at = ahead.begin;
-    for (; ahead.end - at >= static_cast<std::ptrdiff_t>(utf8::block); at += utf8::block)
-        if (const auto feeds = utf8::load_block(at) == '\n'; any_of(feeds))
-            return at + find_first_set(feeds);
-    while (at != ahead.end && *at != '\n')
-        ++at;
-    return at != ahead.end ? at : nullptr;
+    const bool carriage_return = feed != begin && feed[-1] == '\r';
+    return static_cast<std::size_t>(feed - begin) - carriage_return;
 }
 
 } // namespace
 
-/// The text of the line in front of `feed`; not 0 when there was memory for it. Up to `end` may be looked at.
-inline int ustring::take_line(const char * begin, const char * feed, const char * end)
-{
-    const bool carriage_return = feed != begin && feed[-1] == '\r';
-    const std::size_t length = static_cast<std::size_t>(feed - begin) - carriage_return;
-    return decode(begin, length, static_cast<std::size_t>(end - begin)) ? 1 : 0;
-}
-
 int ustring::getline(std::FILE * stream)
 {
-    // A line that lies whole in the stream's buffer is decoded where it lies.
-    const platform::read_ahead ahead = platform::look_ahead(stream);
-    const char * const feed = find_feed(ahead);
-    if (!feed)
+    // The common line lies well inside the stream's buffer, is plain ASCII, and fits.
+    const platform::read_ahead ahead = platform::unread(stream);
+    const auto left = static_cast<std::size_t>(ahead.end - ahead.begin);
+    const std::size_t room = std::min<std::size_t>(left, capacity_ + 1) & -utf8::block;
+    const char * const end = ahead.begin + room;
+    const char * const feed = utf8::skip(ahead.begin, end, [](auto byte) { return byte > '\n'; });
+    if (feed == end || *feed != '\n')
         return gather_line(stream);
-    const int read = take_line(ahead.begin, feed, ahead.end);
-    platform::advance(stream, static_cast<std::size_t>(feed - ahead.begin) + 1);
-    return read;
+    const auto bytes = static_cast<std::size_t>(feed - ahead.begin);
+    utf8::widen_blocks(ahead.begin, bytes, units_);
+    set_length(static_cast<unsigned>(line_length(ahead.begin, feed)));
+    platform::advance(stream, bytes + 1);
+    return 1;
 }
 
-/// Reads a line that crosses into the next filling of the stream's buffer. It is first put together: here
+/// Reads any line. One that crosses into the next filling of the stream's buffer is first put together: here
 /// while it is short, else in the buffer of the multi-byte form.
 int ustring::gather_line(std::FILE * stream)
 {
@@ -398,8 +384,14 @@ int ustring::gather_line(std::FILE * stream)
         const auto left = static_cast<std::size_t>(ahead.end - ahead.begin);
         if (left == 0)
             return gathered != 0 && decode(room, gathered, gathered) ? 1 : 0;
-        const char * const feed = find_feed(ahead);
-        const std::size_t piece = feed ? static_cast<std::size_t>(feed - ahead.begin) : left;
+        const char * const feed = utf8::skip(ahead.begin, ahead.end, [](auto byte) { return byte != '\n'; });
+        const bool ends = feed != ahead.end;
+        const auto piece = static_cast<std::size_t>(feed - ahead.begin);
+        if (ends && gathered == 0) {
+            const bool read = decode(ahead.begin, line_length(ahead.begin, feed), left);
+            platform::advance(stream, piece + 1);
+            return read ? 1 : 0;
+        }
         if (gathered + piece > sizeof short_line) {
             bytes_length_ = stale;
             if (!reserve_bytes(gathered + piece + 1, room == bytes_ ? gathered : 0))
@@ -410,9 +402,9 @@ int ustring::gather_line(std::FILE * stream)
         }
         std::memcpy(room + gathered, ahead.begin, piece);
         gathered += piece;
-        platform::advance(stream, piece + (feed ? 1 : 0));
-        if (feed)
-            return take_line(room, room + gathered, room + gathered);
+        platform::advance(stream, piece + ends);
+        if (ends)
+            return decode(room, line_length(room, room + gathered), gathered) ? 1 : 0;
     }
 }
 

@@ -125,11 +125,11 @@ private:
     bool is_inside() const noexcept { return units_ == inside_; }
     void take(ustring & other) noexcept;
     void drop() noexcept;
-    bool reserve(unsigned units, bool keep);
+    bool reserve(std::size_t units);
+    bool grow(std::size_t units);
     bool reserve_bytes(std::size_t bytes, std::size_t keep) const;
     void set_length(unsigned units) noexcept;
     bool decode(const char * bytes, std::size_t count, std::size_t readable);
-    int take_line(const char * begin, const char * feed, const char * end);
     int gather_line(std::FILE * stream);
     ustring & splice(unsigned pos, unsigned removed, const char16_t * text, unsigned n);
     template <class Change>

@@ -67,6 +67,15 @@ char * put(char * out, char32_t code)
     return out;
 }
 
+/// Widens bytes that are ASCII; the last block runs over the end where `readable` saves cutting it to size.
+void widen(const char * bytes, std::size_t count, std::size_t readable, char16_t * units)
+{
+    std::size_t done = whole_blocks(count) <= readable ? count : count / block * block;
+    widen_blocks(bytes, done, units);
+    for (; done < count; ++done)
+        units[done] = static_cast<unsigned char>(bytes[done]);
+}
+
 /// Narrows the units, right for ASCII alone: false when there is something else.
 bool narrow_ascii(const char16_t * units, std::size_t count, char * bytes)
 {
@@ -89,9 +98,10 @@ std::size_t decode(const char * bytes, std::size_t count, std::size_t readable, 
         const auto left = static_cast<std::size_t>(end - at);
         const character found = read_character(reinterpret_cast<const unsigned char *>(at), left);
         if (found.bytes == 1) {
-            const std::size_t plain =
-                widen_ascii(at, left, readable - static_cast<std::size_t>(at - bytes), out);
-            at += plain;
+            const char * const other = skip(at, end, [](auto byte) { return byte >= 0; });
+            const auto plain = static_cast<std::size_t>(other - at);
+            widen(at, plain, readable - static_cast<std::size_t>(at - bytes), out);
+            at = other;
             out += plain;
             continue;
         }

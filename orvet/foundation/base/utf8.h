@@ -38,27 +38,40 @@ inline block_bytes load_block(const char * bytes) noexcept
     return {reinterpret_cast<const signed char *>(bytes), std::experimental::element_aligned};
 }
 
-/// Widens the ASCII characters that the bytes begin with and gives how many there are, at most `count`. Looks
-/// at up to `readable` bytes, at least `count`, and `units` has room for as many: the compiler makes vector
-/// code of a block, and the last one runs over the end where that saves cutting it to size.
-inline std::size_t widen_ascii(const char * bytes, std::size_t count, std::size_t readable,
-                               char16_t * units) noexcept
+/// The first byte that `passed` does not hold for, or `end`. It is asked of whole blocks, and of single bytes
+/// behind the last one.
+template <class Passed>
+inline const char * skip(const char * at, const char * end, Passed passed) noexcept
 {
-    std::size_t done = 0;
-    for (; done < count && done + block <= readable; done += block) {
-        if (any_of(load_block(bytes + done) < 0))
-            break;
+    const char * const blocks_end = at + (end - at) / block * block;
+    for (; at != blocks_end; at += block)
+        if (const auto passes = passed(load_block(at)); !all_of(passes))
+            return at + find_first_set(!passes);
+    while (at != end && passed(static_cast<signed char>(*at)))
+        ++at;
+    return at;
+}
+
+/// Where the blocks end that hold `count` characters.
+constexpr std::size_t whole_blocks(std::size_t count) noexcept
+{
+    return (count + block - 1) / block * block;
+}
+
+/// Widens `count` bytes of ASCII in whole blocks: what stands behind them is looked at, and written over.
+inline void widen_blocks(const char * bytes, std::size_t count, char16_t * units) noexcept
+{
+    for (std::size_t done = 0; done < count; done += block) {
+        // The compiler makes vector code of this.
         unsigned char taken[block];
         std::memcpy(taken, bytes + done, block);
         for (std::size_t i = 0; i < block; ++i)
             units[done + i] = taken[i];
     }
-    for (; done < count && static_cast<unsigned char>(bytes[done]) < 0x80; ++done)
-        units[done] = static_cast<unsigned char>(bytes[done]);
-    return done < count ? done : count;
 }
 
-/// Turns bytes into units and gives the number of these; `readable` and `units` as above.
+/// Turns bytes into units and gives the number of these. `readable`, at least `count`, may be looked at, and
+/// `units` has room for as many.
 std::size_t decode(const char * bytes, std::size_t count, std::size_t readable, char16_t * units) noexcept;
 
 /// Turns units into bytes; `bytes` has room for three bytes a unit. Gives the number of bytes.
