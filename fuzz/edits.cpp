@@ -40,6 +40,18 @@ units folded(units text, bool wanted = true)
     return text;
 }
 
+units lowered(units text, bool wanted)
+{
+    for (char16_t & unit : text)
+        unit = wanted && unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
+    return text;
+}
+
+int sign(int order)
+{
+    return (order > 0) - (order < 0);
+}
+
 units stripped(units text, int type, char16_t ch)
 {
     while ((type & 2) && text.ends_with(ch))
@@ -101,8 +113,8 @@ void search(const ustring & text, const ustring & other, const step & s)
     const auto found = [](std::size_t at) { return at == units::npos ? ustring::npos : unsigned(at); };
     const units all = folded(model, flag);
     require(text.find(s.ch, s.pos, flag) == found(all.find(flag ? folded(s.ch) : s.ch, s.pos)));
-    require((text.compare(s.pos, s.n, other, s.spos, s.sn, flag) == 0) ==
-            (part(all, s.pos, s.n) == folded(chars, flag)));
+    require(sign(text.compare(s.pos, s.n, other, s.spos, s.sn, flag)) ==
+            sign(lowered(part(model, s.pos, s.n), flag).compare(lowered(chars, flag))));
     require((text == other) == (model == units_of(other)));
     if (chars.empty())
         return;

@@ -92,10 +92,9 @@ bool make_canned(ustring & line, const pathname & output)
 pathname & sset_out_file(const char * name)
 {
     const call_trace trace("sset_out_file");
-    memory_watch watch;
     pathname path;
     const ustring text(name);
-    if (text.length() != 0 && !watch.failed())
+    if (text.length() != 0)
         set_migr_path(path, text);
     pathname * const made = make<pathname>(path);
     return made ? *made : no_path::get();

@@ -23,13 +23,10 @@ int keyval::getval(const ustring & key)
 
 short get_count(const ustring & line, int * count)
 {
-    memory_watch watch;
-    keyval rest(line);
-    const bool found = rest.getval("count = ") == 0;
-    const int value = to_int(rest.data());
-    if (!found || watch.failed())
+    keyval rest(line); // without memory for it empty, and so none
+    if (rest.getval("count = ") != 0)
         return code::no_count;
-    *count = value;
+    *count = to_int(rest.data());
     return code::success;
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char * severity_texts[] = {" [C] ", " [I] ", " [W] ", " [E] ", " [F] "};
 
-void write_line(work_area & wa, const char * severity_text, const char * name, const char * format,
+void write_line(work_area & wa, const char * severity_text, const char * name, std::string_view format,
                 const argument * values, std::size_t count)
 {
     trace::write_header(wa, severity_text, name);
@@ -19,7 +19,7 @@ void write_line(work_area & wa, const char * severity_text, const char * name, c
 
 } // namespace
 
-void call_trace::write(severity s, const char * format, const argument * values, std::size_t count) const
+void call_trace::write(severity s, std::string_view format, const argument * values, std::size_t count) const
 {
     write_line(system_trace::wa(), severity_texts[static_cast<int>(s)], name_, format, values, count);
 }
@@ -33,12 +33,12 @@ detail::line_memory::~line_memory()
     memory_failures = failures_;
 }
 
-void detail::write_log(const char * format, const argument * values, std::size_t count)
+void detail::write_log(std::string_view format, const argument * values, std::size_t count)
 {
     write_line(log::wa(), " ", "", format, values, count);
 }
 
-void detail::write_console(const char * format, const argument * values, std::size_t count)
+void detail::write_console(std::string_view format, const argument * values, std::size_t count)
 {
     std::fputs(format_message(format, values, count), stdout);
     std::fputc('\n', stdout);

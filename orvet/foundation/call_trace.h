@@ -107,7 +107,7 @@ private:
         leave();
         return result;
     }
-    void write(severity s, const char * format, const argument * values, std::size_t count) const;
+    void write(severity s, std::string_view format, const argument * values, std::size_t count) const;
 
     const char * name_;
 };
@@ -121,8 +121,8 @@ template <class... Args>
 void console_message(format_for<Args...> format, const Args &... args);
 
 namespace detail {
-ORVET_API void write_log(const char * format, const argument * values, std::size_t count);
-ORVET_API void write_console(const char * format, const argument * values, std::size_t count);
+ORVET_API void write_log(std::string_view format, const argument * values, std::size_t count);
+ORVET_API void write_console(std::string_view format, const argument * values, std::size_t count);
 } // namespace detail
 
 template <class... Args>

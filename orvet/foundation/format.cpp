@@ -45,7 +45,7 @@ long long clamped(long long value)
 /// What a conversion makes of a number: its own type's range, or for h its low bits.
 long long fitted(const conversion & as, long long value)
 {
-    const bool is_signed = as.kind == 'd' || as.kind == 'i' || as.kind == 'c';
+    const bool is_signed = as.kind == 'd' || as.kind == 'i';
     switch (as.size) {
     case 'H':
         return is_signed ? static_cast<signed char>(value) : static_cast<unsigned char>(value);
@@ -112,20 +112,20 @@ const char * with_long_conversions(const char * format, char * room, std::size_t
 
 } // namespace
 
-char * format_message(const char * format, const argument * arguments, std::size_t count)
+char * format_message(std::string_view format, const argument * arguments, std::size_t count)
 {
     writer out;
     std::size_t taken = 0;
     while (!out.full()) {
         const conversion next = next_conversion(format);
-        out.put(format, static_cast<std::size_t>(next.begin - format));
+        out.put(format.data(), static_cast<std::size_t>(next.begin - format.data()));
         if (!next.found)
             break;
         if (next.kind == '%')
             out.put("%", 1);
         else if (taken < count)
             put_value(out, next, arguments[taken++]);
-        format = next.end;
+        format.remove_prefix(static_cast<std::size_t>(next.end - format.data()));
     }
     return buffer;
 }
@@ -134,10 +134,10 @@ char * format_message(const char * format, std::va_list arguments)
 {
     char room[2 * sizeof buffer];
     const char * const with_longs = with_long_conversions(format, room, sizeof room);
-    const int length = std::vsnprintf(buffer, sizeof buffer, with_longs ? with_longs : format, arguments);
-    if (length < 0)
-        *buffer = 0;
-    else if (static_cast<std::size_t>(length) >= sizeof buffer)
+    int length = std::vsnprintf(buffer, sizeof buffer, with_longs ? with_longs : format, arguments);
+    if (length < 0) // better the bare format than nothing
+        length = std::snprintf(buffer, sizeof buffer, "%s", format);
+    if (static_cast<std::size_t>(length) >= sizeof buffer)
         buffer[utf8::cut(buffer, sizeof buffer - 1)] = 0;
     return buffer;
 }

@@ -1,9 +1,11 @@
 #ifndef ORVET_FOUNDATION_FORMAT_H
 #define ORVET_FOUNDATION_FORMAT_H
 
+#include <algorithm>
 #include <concepts>
 #include <cstdarg>
 #include <cstddef>
+#include <string_view>
 #include <type_traits>
 
 #include "orvet/foundation/base/pathname.h"
@@ -58,19 +60,18 @@ struct conversion {
     char kind;          ///< the last letter; 0 for one that is unknown or ends too soon
 };
 
-/// The first conversion of `format`.
-constexpr conversion next_conversion(const char * format)
+/// The first conversion of `format`, which a zero closes.
+constexpr conversion next_conversion(std::string_view format)
 {
     const auto among = [](char ch, const char * set) {
         while (*set && *set != ch)
             ++set;
         return ch != 0 && *set != 0;
     };
-    while (*format && *format != '%')
-        ++format;
-    if (!*format)
-        return {false, format, format, format, 0, 0};
-    const char * at = format + 1;
+    const char * const begin = format.data() + std::min(format.find('%'), format.size());
+    if (!*begin)
+        return {false, begin, begin, begin, 0, 0};
+    const char * at = begin + 1;
     while (*at <= '9' && among(*at, "-+ #0123456789."))
         ++at;
     const char * const flags = at;
@@ -83,10 +84,10 @@ constexpr conversion next_conversion(const char * format)
         }
     }
     if (among(*at, size == 0 ? "sdiuxXc%" : "diuxX"))
-        return {true, format, flags, at + 1, size, *at};
+        return {true, begin, flags, at + 1, size, *at};
     if (size == 'l')
-        return {true, format, flags, at, size, 'd'};
-    return {true, format, flags, at, size, 0};
+        return {true, begin, flags, at, size, 'd'};
+    return {true, begin, flags, at, size, 0};
 }
 
 /// A format that is held against the types of its arguments when it is compiled.
@@ -113,11 +114,11 @@ public:
             throw "the format leaves arguments over";
     }
 
-    /// The format; a static text.
-    const char * text() const { return text_; }
+    /// The format; a static text, closed by a zero.
+    std::string_view text() const { return text_; }
 
 private:
-    const char * text_;
+    std::string_view text_;
 };
 
 /// The format of a function whose arguments are `Args`; spelled so that they are deduced from the values
@@ -128,7 +129,7 @@ using format_for = checked_format<std::type_identity_t<Args>...>;
 /// Formats into the buffer of `trace::internal_write_text`. A signed number outside the range
 /// of its conversion is clamped to it, but for h and hh, which take its low bits; what does not fit into the
 /// buffer is cut at a character's end.
-ORVET_API char * format_message(const char * format, const argument * arguments, std::size_t count);
+ORVET_API char * format_message(std::string_view format, const argument * arguments, std::size_t count);
 
 /// The same by the rules of `printf`, for arguments without types.
 ORVET_API char * format_message(const char * format, std::va_list arguments);

@@ -199,13 +199,10 @@ system_trace::~system_trace()
     set_stream(area_, nullptr);
 }
 
-work_area & system_trace::wa()
+void system_trace::open()
 {
-    if (!open_) {
-        open_ = true;
-        open_channel(area_, silent, trace_file);
-    }
-    return area_;
+    open_ = true;
+    open_channel(area_, silent, trace_file);
 }
 
 log::~log()
@@ -213,13 +210,10 @@ log::~log()
     set_stream(area_, nullptr);
 }
 
-work_area & log::wa()
+void log::open()
 {
-    if (!open_) {
-        open_ = true;
-        open_channel(area_, 0, log_file);
-    }
-    return area_;
+    open_ = true;
+    open_channel(area_, 0, log_file);
 }
 
 } // namespace orvet

@@ -89,7 +89,12 @@ class ORVET_API system_trace : public trace {
 public:
     ~system_trace();
     /// The channel; its file is opened by the first call.
-    static work_area & wa();
+    static work_area & wa()
+    {
+        if (!open_)
+            open();
+        return area_;
+    }
     /// True when a line of that severity is to be written. Costs a load and a compare while the gate is shut.
     static bool passes(severity s)
     {
@@ -98,6 +103,8 @@ public:
     }
 
 private:
+    static void open();
+
     static work_area area_;
     static bool open_;
 };
@@ -107,11 +114,18 @@ class ORVET_API log : public trace {
 public:
     ~log();
     /// The channel; its file is opened by the first call.
-    static work_area & wa();
+    static work_area & wa()
+    {
+        if (!open_)
+            open();
+        return area_;
+    }
     /// True when messages are written.
     static bool passes() { return area_.level <= 0 && level(wa()) <= 0; }
 
 private:
+    static void open();
+
     static work_area area_;
     static bool open_;
 };

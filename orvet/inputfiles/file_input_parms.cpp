@@ -153,8 +153,11 @@ short file_input_parms::get_fips(const pathname & file, int sections, const char
         trace.error("not implemented yet. Wrong call");
         return trace.fail(code::not_provided);
     }
-    if (watch.failed())
+    if (watch.failed()) {
+        log_message(messages::MSG0139);
+        trace.fatal("No memory for <%s>", sections_separator);
         return trace.fail(code::invalid_section);
+    }
     if (const short rc = input.open("r")) {
         trace.error("Error opening input file");
         if (rc != code::open_failed) // it could be opened but not measured

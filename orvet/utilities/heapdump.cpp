@@ -8,28 +8,26 @@ namespace orvet {
 
 namespace {
 
+/// How a walk ends that did not come through; what is wrong with the heap goes to standard output, wherever
+/// the rest goes.
+constexpr struct {
+    platform::heap_status status;
+    const char * text;
+} endings[] = {
+    {platform::heap_status::empty, "OK - empty heap\n"},
+    {platform::heap_status::bad_pointer, "ERROR - bad pointer to heap\n"},
+    {platform::heap_status::bad_node, "ERROR - bad node in heap\n"},
+    {platform::heap_status::bad_begin, "ERROR - bad start of heap\n"},
+};
+
 void print_status(std::FILE * target, platform::heap_status status, std::size_t used, std::size_t free)
 {
-    switch (status) {
-    case platform::heap_status::end:
+    if (status == platform::heap_status::end)
         std::fprintf(target, "MemUsed=(%d) MemFree=(%d) Status=OK\n", static_cast<int>(used),
                      static_cast<int>(free));
-        break;
-    case platform::heap_status::empty:
-        std::fprintf(target, "OK - empty heap\n");
-        break;
-    case platform::heap_status::bad_pointer:
-        std::printf("ERROR - bad pointer to heap\n");
-        break;
-    case platform::heap_status::bad_node:
-        std::printf("ERROR - bad node in heap\n");
-        break;
-    case platform::heap_status::bad_begin:
-        std::printf("ERROR - bad start of heap\n");
-        break;
-    case platform::heap_status::ok:
-        break;
-    }
+    for (const auto & ending : endings)
+        if (status == ending.status)
+            std::fputs(ending.text, status == platform::heap_status::empty ? target : stdout);
 }
 
 } // namespace

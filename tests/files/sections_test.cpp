@@ -1,22 +1,15 @@
 #include "support.h"
 
 namespace {
+// What is read stands beside a model, with the other inputs that are generated.
 TEST(Sections, WalksForward) {
-    write_file("sections.txt", "lead\n[Topology]\n[topology] \n[topology]\nentries = 4\na = b = c\nno separator=\n"
-                               "empty = \n[bad]\nno count\n[last]");
+    write_file("sections.txt", "lead\n[Topology]\n[topology] \n[topology]\nentries = 4\n[bad]\nno count\n[last]");
     kt_file file(pathname("sections.txt"));
     EXPECT_EQ(file.open("r"), 0);
-    ustring key, value;
     int count = 4;
-    const auto next = [&] {
-        const short rc = file.get_keyval(key, value);
-        return std::to_string(rc) + " " + text_of(key) + "|" + text_of(value);
-    };
     EXPECT_EQ(file.find_section("[topology]"), 0);
-    for (const char * const expected : {"0 entries|4", "0 a|b = c", "258 a|b = c", "0 empty|"}) EXPECT_EQ(next(), expected);
     EXPECT_EQ(without({"get_line"}, told([&] { return file.find_section("[topology]"); }, 1)),
               "T[I] kt_file::find_section Section not found reading kt_file while locating <[topology]>\n-1");
-    EXPECT_EQ(next(), "0 empty|"); // the end of the file changes nothing
     const std::tuple<const char *, int, int, const char *> cases[] = {
         {"[topology]", 2, 4, "T[I] kt_file::seek_section Section <[topology]> found. Count = <4> \n0"},
         {"[bad]", 0, 4, "0"},

@@ -36,6 +36,11 @@ TEST_F(Trace, LinesHaveTheirLayout) {
         wa.current_size = 0;
         line = written(" [C] ", "kt_file::close", trace::internal_write_text("%s", ">>>> ENTRY>>>>>"));
     } while (before != std::time(nullptr));
+    struct opened : trace {
+        using trace::write_current_time;
+    };
+    opened::write_current_time(wa);
+    EXPECT_EQ(wa.line, line.substr(0, std::strlen(now)));
     EXPECT_EQ(line, std::string(now) + " [C] kt_file::close >>>> ENTRY>>>>>\n");
     EXPECT_EQ(wa.current_size, static_cast<long>(line.size()));
     EXPECT_EQ(written(" ", "", "100%d").substr(std::strlen(now)), "  100%d\n");
@@ -65,6 +70,10 @@ TEST_F(Trace, FormatsAsPrintf) {
     const auto text = trace::internal_write_text;
     EXPECT_STREQ(text("%d %5.2f|%-4s|%x%%l", -1, 2.5, "ab", 255U), "-1  2.50|ab  |ff%l");
     EXPECT_STREQ(text("offset %l from %ld, %l, %lu", 70000L, -3L, 9L, 5UL), "offset 70000 from -3, 9, 5");
+    EXPECT_STREQ(text("%l", 7L), "7");
+    EXPECT_STREQ(text("%%l"), "%l");
+    for (const std::size_t length : {2047U, 3000U})
+        EXPECT_EQ(std::strlen(text((std::string(length, 'x') + "%l").c_str(), 7L)), 1023U);
     EXPECT_EQ(std::strlen(text("%2000d", 1)), 1023U);
     EXPECT_STREQ(trace::system_error_to_string(wa, 999999), "System error 999999\n");
     const std::string missing = trace::system_error_to_string(wa, 2);
@@ -73,9 +82,30 @@ TEST_F(Trace, FormatsAsPrintf) {
     EXPECT_EQ(stdio_trace_stream(static_cast<std::FILE *>(nullptr)).writeline("x"), -1);
 }
 
+/// For an operation that no caller can name.
+template <auto Operation>
+struct reach {
+    friend void change_file(work_area & area) { Operation(area); }
+};
+void change_file(work_area & area);
+template struct reach<&trace::change_trace_file>;
+
+TEST_F(Trace, ChangesBetweenItsTwoFiles) {
+    for (const char * name : {"ktx2.trc", "ktx1.trc", "ktx2.trc"}) {
+        std::filesystem::remove(name);
+        if (wa.stream == this)
+            wa.stream = nullptr;
+        change_file(wa);
+        EXPECT_EQ(written(" [F] ", "name", "text"), "");
+        EXPECT_EQ(wa.current_size, static_cast<long>(read_text(name).size()));
+        EXPECT_TRUE(wa.current_size > 15 && wa.file_name->text() == ustring(name)) << name;
+    }
+    trace::set_stream(wa, this);
+}
+
 TEST_F(Trace, SilenceCanBeOverridden) {
-    const std::tuple<const char *, int, int> cases[] = {{nullptr, 6, 6}, {"0", 6, 0}, {"x", 6, 0},      {"3", 6, 3},
-                                                        {"3", 5, 5},     {"3", 0, 0}, {nullptr, -7, -7}};
+    const std::tuple<const char *, int, int> cases[] = {{nullptr, 6, 6}, {"0", 6, 0},     {"x", 6, 0},      {" \t+3", 6, 3},
+                                                        {"3", 5, 5},     {"\0163", 6, 0}, {nullptr, -7, -7}};
     for (work_area * area : {&system_trace::wa(), &orvet::log::wa()})
         for (const auto & [variable, wish, level] : cases) {
             set_variable("ostrel_trace_level", variable);
@@ -107,7 +137,9 @@ TEST(CallTrace, TypedArgumentsFitTheirConversions) {
                -1L);
     trace.info("%hd %hu %u %x %c 100%% %5d|%-4s|%.2s", 70000, 65537U, 4000000000U, 255, 'A', 42, "ab", "abcd");
     trace.info("%hhd %hhu %lld %lu %li", 300, 257U, 9999999999LL, 7UL, -7L);
-    trace.info("%s|%d", static_cast<const char *>(nullptr), true);
+    trace.info("%s|%d%.0s", static_cast<const char *>(nullptr), true, "x");
+    for (const auto & [odd, expected] : {std::pair("|%d", "|"), {"|%q", "|q"}, {"|%hq", "|q"}, {"|%", "|"}})
+        EXPECT_STREQ(format_message(odd, nullptr, 0), expected); // where nothing was checked
     EXPECT_EQ(said.take(), "T[I] f u p s -5 2147483647 70000 -1\n"
                            "T[I] f 4464 1 4000000000 ff A 100%    42|ab  |ab\n"
                            "T[I] f 44 1 9999999999 7 -7\nT[I] f |1\n");

@@ -127,19 +127,6 @@ T[C] file_input_parms::get_fips <<<<<<<<<< EXIT
 100)");
 }
 
-TEST(InputFile, TakesManySectionsAndLongLines) {
-    const std::string longest(1 << 20, '\xE4'); // and much of both
-    std::string text = "USER=" + longest + "\nAUTHORIZATION PROFILE=p\n";
-    for (int i = 0; i < 100000; ++i) text += "USER=u" + std::to_string(i) + "\nAUTHORIZATION PROFILE=p\n";
-    write_file("in.txt", text);
-    file_input_parms input;
-    EXPECT_EQ(sum({input.get_fips("in.txt", 1, "USER=", 3), static_cast<long>(input.arSections().size())}), 100001);
-    const auto user = [&](unsigned i) { return text_of(static_cast<user_info &>(*input.arSections()[i]).usUserName()); };
-    EXPECT_TRUE(user(0) == longest && user(100000) == "u99999");
-    write_file("in.txt", "PROFILE NAME=p\n");
-    EXPECT_EQ(input.get_fips("in.txt", 1, "PROFILE NAME=", 2), 0);
-}
-
 TEST(InputFile, WithoutAFileTheObjectStaysAsItWas) {
     std::filesystem::create_directory("folder");
     write_file("in.txt", "USER=a\nAUTHORIZATION PROFILE=x\n");

@@ -101,7 +101,8 @@ CALLED void operator delete(void * room, std::size_t) noexcept { std::free(room)
 CALLED void operator delete[](void * room) noexcept { std::free(room); }
 CALLED void operator delete[](void * room, std::size_t) noexcept { std::free(room); }
 namespace {
-const std::string where = "a directory of its own/", longer = "a text longer than what is kept inside", x(11000, 'x');
+const std::string where = "a directory of its own/", longer = "a text longer than what is kept inside", x(11000, 'x'),
+                  y(9000, 'y');
 const std::map<std::string, std::string> files = {
     {"scan",
      "[topology]\ncount = 3\nhq = any,HQ1\nnorth and some more = any,NORTHERN DOMAIN,push,HQ1\nsouth = any,STH,pull,NORTHERN "
@@ -111,8 +112,8 @@ const std::map<std::string, std::string> files = {
                    "\nSERVER_REN_RGN=a\nGATEWAY_IP_ADDRESS=b\nIMAGES_SERVER_NAME=c\nEXPORTED_DIR=d\nMOUNT_POINT=e\n"},
     {"profiles", "profile name=" + longer + "\n  SEND=YES\nPROFILE NAME=next\n"},
     {"users", "USER=" + longer + "\n  authorization profile=" + longer + "\n[" + longer + longer},
-    {"brod.cfg", "SERVER: a\nSERVER: b\nWORKSTATION NAME:" + longer + "\nkey:" + x + "\n"},
-    {"new", "WORKSTATION NAME:" + longer + "\nkey:" + x + "\nSERVER: b\nSERVER: a\n"},
+    {"brod.cfg", "SERVER: a" + y + "\nSERVER: b" + y + "\nWORKSTATION NAME:" + longer + "\nkey:" + x + "\nother:" + y + "\n"},
+    {"new", "WORKSTATION NAME:" + longer + "\nkey:" + x + "\nother:" + y + "\nSERVER: b" + y + "\nSERVER: a" + y + "\n"},
     {"other", "other"},
     {"brod.bak", "older"},
 };
@@ -198,6 +199,11 @@ void made(world & w) { w.ls = std::make_unique<brod_base_ls>(w.text); }
 void listed(world & w) { made(w), w.ls->out_file().set_file_name((where + "list").c_str()); }
 void from(world & w, const char * name) { w.path = (where + name).c_str(); }
 void read_cfg(world & w) { w.cfg.load(), w.text = (where + "brod.cfg").c_str(); }
+int read_line(const char * file, ustring & line) {
+    std::FILE * const stream = std::fopen(file, "rb");
+    const int read = line.getline(stream);
+    return std::fclose(stream), read;
+}
 /// An operation, and what comes of each call that fails, once and, if different, from then on; of none, behind "-"; of shortages,
 /// behind "mem": code, what is new in the world, its files and on the console. "+", or no word, is what comes of none.
 using row = std::tuple<const char *, void (*)(world &), int (*)(world &), const char *>;
@@ -209,7 +215,7 @@ const row rows[] = {
     ROW(opened(w), f.seek(3, SEEK_SET), "seek: 253; -: 0"),
     ROW(opened(w), f.get_pos(&w.number), "tell: 256 -1; -: 0 0"),
     ROW(opened(w), f.get_line(w.text), "fill: 0; -: 1 [topology]"),
-    ROW(opened(w), f.write(w.text), "write: 251; -: 0 scan=a te"),
+    ROW(opened(w), f.write(w.head), "write: 251; -: 0 scan=[hq]; mem: 251"),
     ROW(opened(w), f.write("new", 3), "write: 251; -: 0 scan=newp"),
     ROW(opened(w), f.read(w.buffer, 1, 3), "read: 254; -: 0 [to"),
     ROW(opened(w), static_cast<int>(f.read(w.buffer, 3)), "read: 0; -: 3 [to"),
@@ -236,7 +242,9 @@ const row rows[] = {
         "open: 250; seek: 253; tell: 256; fill: 0 1/1; -: 0 2/1; mem: 250 | 102 0/1 | 100 0/1 | 102 1/1 | +"),
     ROW(from(w, "users"), w.fips.get_fips(w.path, 1, "USER=", 3),
         "open: 250; seek: 253; tell: 256; fill: 102 0/1; -: 0 1/1; mem: 250 | 102 0/1 | 100 0/1 | +"),
-    ROW(w.text.insert(0, "server_name = mount_point="), w.agent.set(w.text), "-: 0 1mount_point=~; mem: 100"),
+    ROW(from(w, "profiles"), w.fips.get_fips(w.path, 1, longer.c_str(), 2),
+        "open: 250; seek: 253; tell: 256; -: 0 1/1; mem: 102 | 250 | 102 0/1 | 100 0/1 | +"),
+    ROW(w.text.insert(0, "server_name = MOUNT_POINT="), w.agent.set(w.text), "-: 0 1MOUNT_POINT=~; mem: 100"),
     ROW(w.text.insert(0, "send="), w.profile.set(w.text), "-: 0 1~; mem: 100"),
     ROW(w.text.insert(0, "USER="), w.user.set(w.text), "-: 0 1~; mem: 100"),
     ROW(, (w.profile.set_usSend(w.text), 0), "-: 0 1~; mem: 0"),
@@ -261,7 +269,7 @@ const row rows[] = {
     ROW(, get_token(w.text, 0).length() != 0, "-: 1; mem: 0"),
     ROW(, static_cast<int>(build_server_rr(w.text).length()), "-: 77; mem: 0"),
     ROW(w.text = "count = 00000000000000000000000000005", get_count(w.text, &w.count), "-: 0 5; mem: 259"),
-    ROW(, w.cfg.load(), "open: 250 unable t 'unab; fill: 250 unable t 'unab; -: 0 22 ~; mem: 250 unable t 'unab | 250 'unab | +"),
+    ROW(, w.cfg.load(), "open: 250 unable t 'unab; fill: 250 unable t 'unab; -: 0 23 ~; mem: 250 unable t 'unab | 250 'unab | +"),
     ROW(read_cfg(w), w.cfg.set_server(2),
         "open: 250 unable t | killed; permit: 251 i/o erro ~tmp= | killed ~tmp=; write: 251 i/o erro ~tmp= | killed ~tmp=; "
         "write: 251 i/o erro ~tmp=WORK | killed ~tmp=; write: 251 i/o erro ~tmp=WORK | killed ~tmp=WORK; flush: 251 i/o erro "
@@ -269,14 +277,16 @@ const row rows[] = {
         "~tmp=new; remove: + | 261 error ba ~bak=- ~tmp=new | killed ~tmp=new; rename: 261 error ba ~bak=- ~tmp=new | killed "
         "~bak=- ~tmp=new; rename: 261 error re ~bak=- ~tmp=new | 261 error re ~bak=~cfg ~cfg=- ~tmp=new | killed ~bak=~cfg "
         "~cfg=- ~tmp=new; -: 0 ~bak=~cfg ~cfg=new; mem: 250 unable t | 250 | 251 i/o erro ~tmp=WORK | 251 ~tmp=WORK"),
-    ROW(read_cfg(w), (w.cfg.fill_vector(w.items), 0), "-: 0 *; mem: 0"),
+    ROW(read_cfg(w), (w.cfg.fill_vector(w.items), 0), "-: 0 **; mem: 0"),
     ROW(read_cfg(w), (w.cfg.show_all(), w.cfg.show(), 0), "-: 0 '//**; mem: +"),
     ROW((read_cfg(w), std::filesystem::remove(where + "brod.cfg")), scan_cfg::recover(w.text),
         "exists: 250 ~cfg=-; is_file: 250 ~cfg=-; rename: 261 ~cfg=-; -: 0 ~bak=- ~cfg=~bak; mem: 250 ~cfg=-"),
     ROW(from(w, "brod.cfg"), scan_cfg::recover(w.path.text()), "exists: 250; -: 0; mem: +"),
     ROW(, kt_chkfile(w.path), "exists: 0; -: 1"),
     ROW(, (heapdump("dump"), std::remove("dump")), "open: -1 'PANI; -: 0 'PANI; mem: -1 'PANI"),
+    ROW(, capture_stream().writeline("[F] a line that has to be kept\n"), "-: 31; mem: -1"),
     ROW(, stdio_trace_stream("a directory of its own/x").writeline("line"), "open: 4 | -1; write: -1 x=; -: 4 x=line; mem: 4"),
+    ROW(from(w, "brod.cfg"), read_line(w.path.mbcs_str(), w.head), "fill: 0; -: 1; mem: 0"),
     ROW(, (w.text.append(w.value), 0), "-: 0 ~~; mem: 0"),
     ROW(, (w.path += w.text, 0), "-: 0 ~other/~; mem: 0"),
     ROW(w.items.push_back(new ustring("one")), (w.items.push_back(new (std::nothrow) ustring("two")), 0), "-: 0 **; mem: 0"),
@@ -343,6 +353,11 @@ TEST(Faults, LeaveWhatIsPromised) {
                         set_variable("n", std::to_string(n).c_str());
                         run_scenario("set_server");
                         line += " | killed" + std::regex_replace(lay_out(), std::regex("brod\\."), "~");
+                        run_scenario("set_server");
+                        scan_cfg::recover((where + "brod.cfg").c_str());
+                        const std::string text = read_text(where + "brod.cfg");
+                        EXPECT_TRUE(text == files.at("brod.cfg") || text == files.at("new")) << line;
+                        lay_out();
                     }
                     all += memory || line.ends_with(": +") || all.find(line) != std::string::npos ? "" : line + "; ";
                     for (const std::string & each : {once, always})
@@ -352,6 +367,15 @@ TEST(Faults, LeaveWhatIsPromised) {
                 }
             EXPECT_EQ(all + "-: " + untouched, front) << std::get<0>(r);
         }
+}
+
+TEST(Faults, OfTheLogLeaveTheCallAlone) {
+    trace::set_level(orvet::log::wa(), 0);
+    trace::set_stream(orvet::log::wa(), new stdio_trace_stream("lines.txt"));
+    kt_file missing(pathname("not there"));
+    EXPECT_EQ(with_fault(fault::from_then_on, false, 1, [&] { return missing.seek(0, SEEK_SET); }), 255);
+    EXPECT_STREQ(struck, "write");
+    trace::set_stream(orvet::log::wa(), nullptr);
 }
 
 /// Counted, so that no clock has to tell.

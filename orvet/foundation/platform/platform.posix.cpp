@@ -1,9 +1,11 @@
 #include "orvet/foundation/platform/platform.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cinttypes>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 #include <fcntl.h>
 #include <malloc.h>
@@ -108,7 +110,8 @@ int sync_stream(std::FILE * stream)
 {
     if (fsync(fileno(stream)) == 0)
         return 0;
-    return errno == EINVAL || errno == ENOSYS || errno == ENOTSUP || errno == EROFS ? 0 : -1;
+    constexpr int not_known[] = {EINVAL, ENOSYS, ENOTSUP, EROFS}; // by what the stream writes to
+    return std::find(std::begin(not_known), std::end(not_known), errno) != std::end(not_known) ? 0 : -1;
 }
 
 int copy_permissions(const ustring & from, std::FILE * stream)
