@@ -23,7 +23,7 @@ int keyval::getval(const ustring & key)
 
 short get_count(const ustring & line, int * count)
 {
-    keyval rest(line); // without memory for it empty, and so none
+    keyval rest(line); // where memory is short it is empty, and has no key either
     if (rest.getval("count = ") != 0)
         return code::no_count;
     *count = to_int(rest.data());

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstring>
 #include <limits>
+#include <memory>
+#include <new>
 
 #include "orvet/foundation/base/utf8.h"
 
@@ -84,10 +86,9 @@ void put_value(writer & out, const conversion & as, const argument & value)
                 utf8::cut(text, std::min<std::size_t>(static_cast<std::size_t>(length), sizeof text - 1)));
 }
 
-/// `format` with each bare "%l" made "%ld"; null when it holds none or grows too long.
-const char * with_long_conversions(const char * format, char * room, std::size_t size)
+/// Copies `format` with each bare "%l" made "%ld"; `to` has room for half as much again.
+void copy_with_longs(const char * format, char * to)
 {
-    std::size_t used = 0;
     const char * from = format;
     for (const char * at = std::strstr(from, "%l"); at; at = std::strstr(at + 2, "%l")) {
         std::ptrdiff_t percents = 0; // in front of this one; an odd number makes it the second half of a "%%"
@@ -95,19 +96,11 @@ const char * with_long_conversions(const char * format, char * room, std::size_t
             ++percents;
         if (percents % 2 != 0 || (at[2] && std::strchr("diouxXeEfFgGaAcspnl", at[2])))
             continue;
-        const auto piece = static_cast<std::size_t>(at + 2 - from);
-        if (used + piece + 1 >= size)
-            return nullptr;
-        std::memcpy(room + used, from, piece);
-        used += piece;
-        room[used++] = 'd';
+        to = std::copy(from, at + 2, to);
+        *to++ = 'd';
         from = at + 2;
     }
-    const std::size_t rest = std::strlen(from);
-    if (from == format || used + rest >= size)
-        return nullptr;
-    std::memcpy(room + used, from, rest + 1);
-    return room;
+    std::strcpy(to, from);
 }
 
 } // namespace
@@ -132,9 +125,13 @@ char * format_message(std::string_view format, const argument * arguments, std::
 
 char * format_message(const char * format, std::va_list arguments)
 {
-    char room[2 * sizeof buffer];
-    const char * const with_longs = with_long_conversions(format, room, sizeof room);
-    int length = std::vsnprintf(buffer, sizeof buffer, with_longs ? with_longs : format, arguments);
+    char small[sizeof buffer];
+    const std::size_t most = std::strlen(format) / 2 * 3 + 2;
+    const std::unique_ptr<char[]> large(most > sizeof small ? new (std::nothrow) char[most] : nullptr);
+    char * const room = most > sizeof small ? large.get() : small;
+    if (room)
+        copy_with_longs(format, room);
+    int length = std::vsnprintf(buffer, sizeof buffer, room ? room : format, arguments);
     if (length < 0) // better the bare format than nothing
         length = std::snprintf(buffer, sizeof buffer, "%s", format);
     if (static_cast<std::size_t>(length) >= sizeof buffer)

@@ -68,7 +68,7 @@ constexpr conversion next_conversion(std::string_view format)
             ++set;
         return ch != 0 && *set != 0;
     };
-    const char * const begin = format.data() + std::min(format.find('%'), format.size());
+    const char * const begin = std::find(format.data(), format.data() + format.size(), '%');
     if (!*begin)
         return {false, begin, begin, begin, 0, 0};
     const char * at = begin + 1;
@@ -126,9 +126,9 @@ private:
 template <class... Args>
 using format_for = checked_format<std::type_identity_t<Args>...>;
 
-/// Formats into the buffer of `trace::internal_write_text`. A signed number outside the range
-/// of its conversion is clamped to it, but for h and hh, which take its low bits; what does not fit into the
-/// buffer is cut at a character's end.
+/// Formats into the buffer of `trace::internal_write_text`. A zero closes `format`. A signed number outside
+/// the range of its conversion is clamped to it, but for h and hh, which take its low bits; what does not fit
+/// into the buffer is cut at a character's end.
 ORVET_API char * format_message(std::string_view format, const argument * arguments, std::size_t count);
 
 /// The same by the rules of `printf`, for arguments without types.

@@ -155,7 +155,7 @@ short file_input_parms::get_fips(const pathname & file, int sections, const char
     }
     if (watch.failed()) {
         log_message(messages::MSG0139);
-        trace.fatal("No memory for <%s>", sections_separator);
+        trace.fatal("No memory for the sections_separator");
         return trace.fail(code::invalid_section);
     }
     if (const short rc = input.open("r")) {

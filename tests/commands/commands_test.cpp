@@ -82,9 +82,8 @@ T[I] brod_base::build_final_out_file The final path for brod commands output is 
     brod.set_brod_cmd("exit 0", 0);
     EXPECT_EQ(brod.exec_brod_cmd(1, 0), 0);
     EXPECT_TRUE(fs::exists(fs::u8path("brodan/migr/caf\xC3\xA9.out")));
-    EXPECT_EQ(text_of(brod_base_ls("x").final_output_file().text()), ""); // "-ini" was not given
-    brod.set_brod_cmd_rc(static_cast<short>(brod.brod_cmd_rc() + 7));     // from 0
-    EXPECT_EQ(brod.brod_cmd_rc(), 7);
+    EXPECT_EQ(text_of(brod_base_ls("x").final_output_file().text()), "");                                 // "-ini" was not given
+    EXPECT_EQ((brod.set_brod_cmd_rc(static_cast<short>(brod.brod_cmd_rc() + 7)), brod.brod_cmd_rc()), 7); // from 0
     EXPECT_EQ(shown(text_of(brod.out_file().file_name().text())), "BRODAN/migr/hsttmp.out");
 }
 

@@ -48,11 +48,12 @@ TEST(Ustring, TakesItsOwnText) {
 }
 
 TEST(Ustring, LeavesTheRestToOtherReaders) {
-    write_file("lines.txt", "first\nsecond\nthird\n");
+    write_file("lines.txt", "\r\nfirst\nsecond\nthird\n");
     std::FILE * const file = std::fopen("lines.txt", "rb");
     ustring line;
     char buffer[64];
-    EXPECT_EQ(sum({line.getline(file), std::ftell(file)}), 7);
+    EXPECT_TRUE(std::fgetc(file) == '\r' && line.getline(file) && line == "");
+    EXPECT_EQ(sum({line.getline(file), std::ftell(file)}), 9);
     EXPECT_STREQ(std::fgets(buffer, sizeof buffer, file), "second\n");
     EXPECT_TRUE(line.getline(file) && line == "third");
     std::fclose(file);

@@ -2,6 +2,7 @@
 #include "support.h"
 
 #include <algorithm>
+#include <cstring>
 #include <regex>
 
 #include "orvet/foundation/platform/platform.h"
@@ -199,10 +200,13 @@ void made(world & w) { w.ls = std::make_unique<brod_base_ls>(w.text); }
 void listed(world & w) { made(w), w.ls->out_file().set_file_name((where + "list").c_str()); }
 void from(world & w, const char * name) { w.path = (where + name).c_str(); }
 void read_cfg(world & w) { w.cfg.load(), w.text = (where + "brod.cfg").c_str(); }
+void failed(world & w) {
+    from(w, "users"), w.fips.get_fips(w.path, 1, "USER=", 1), w.fips.error_text().mbcs_str(), from(w, "profiles");
+}
 int read_line(const char * file, ustring & line) {
     std::FILE * const stream = std::fopen(file, "rb");
-    const int read = line.getline(stream);
-    return std::fclose(stream), read;
+    line.getline(stream);
+    return std::fclose(stream), static_cast<int>(std::strlen(line.mbcs_str()));
 }
 /// An operation, and what comes of each call that fails, once and, if different, from then on; of none, behind "-"; of shortages,
 /// behind "mem": code, what is new in the world, its files and on the console. "+", or no word, is what comes of none.
@@ -242,7 +246,7 @@ const row rows[] = {
         "open: 250; seek: 253; tell: 256; fill: 0 1/1; -: 0 2/1; mem: 250 | 102 0/1 | 100 0/1 | 102 1/1 | +"),
     ROW(from(w, "users"), w.fips.get_fips(w.path, 1, "USER=", 3),
         "open: 250; seek: 253; tell: 256; fill: 102 0/1; -: 0 1/1; mem: 250 | 102 0/1 | 100 0/1 | +"),
-    ROW(from(w, "profiles"), w.fips.get_fips(w.path, 1, longer.c_str(), 2),
+    ROW(failed(w), w.fips.get_fips(w.path, 1, w.fips.error_text().mbcs_str(), 2),
         "open: 250; seek: 253; tell: 256; -: 0 1/1; mem: 102 | 250 | 102 0/1 | 100 0/1 | +"),
     ROW(w.text.insert(0, "server_name = MOUNT_POINT="), w.agent.set(w.text), "-: 0 1MOUNT_POINT=~; mem: 100"),
     ROW(w.text.insert(0, "send="), w.profile.set(w.text), "-: 0 1~; mem: 100"),
@@ -286,7 +290,8 @@ const row rows[] = {
     ROW(, (heapdump("dump"), std::remove("dump")), "open: -1 'PANI; -: 0 'PANI; mem: -1 'PANI"),
     ROW(, capture_stream().writeline("[F] a line that has to be kept\n"), "-: 31; mem: -1"),
     ROW(, stdio_trace_stream("a directory of its own/x").writeline("line"), "open: 4 | -1; write: -1 x=; -: 4 x=line; mem: 4"),
-    ROW(from(w, "brod.cfg"), read_line(w.path.mbcs_str(), w.head), "fill: 0; -: 1; mem: 0"),
+    ROW((from(w, "brod.cfg"), w.head.mbcs_str()), read_line(w.path.mbcs_str(), w.head),
+        "fill: 4; fill: 4096; fill: 8192; -: 9009; mem: 4 | 0"),
     ROW(, (w.text.append(w.value), 0), "-: 0 ~~; mem: 0"),
     ROW(, (w.path += w.text, 0), "-: 0 ~other/~; mem: 0"),
     ROW(w.items.push_back(new ustring("one")), (w.items.push_back(new (std::nothrow) ustring("two")), 0), "-: 0 **; mem: 0"),

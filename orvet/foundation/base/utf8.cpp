@@ -70,7 +70,8 @@ char * put(char * out, char32_t code)
 /// Widens bytes that are ASCII; the last block runs over the end where `readable` saves cutting it to size.
 void widen(const char * bytes, std::size_t count, std::size_t readable, char16_t * units)
 {
-    std::size_t done = whole_blocks(count) <= readable ? count : count / block * block;
+    const std::size_t whole = count / block * block;
+    std::size_t done = count == whole || whole + block <= readable ? count : whole;
     widen_blocks(bytes, done, units);
     for (; done < count; ++done)
         units[done] = static_cast<unsigned char>(bytes[done]);

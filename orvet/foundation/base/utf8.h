@@ -52,12 +52,6 @@ inline const char * skip(const char * at, const char * end, Passed passed) noexc
     return at;
 }
 
-/// Where the blocks end that hold `count` characters.
-constexpr std::size_t whole_blocks(std::size_t count) noexcept
-{
-    return (count + block - 1) / block * block;
-}
-
 /// Widens `count` bytes of ASCII in whole blocks: what stands behind them is looked at, and written over.
 inline void widen_blocks(const char * bytes, std::size_t count, char16_t * units) noexcept
 {
