@@ -29,10 +29,13 @@ kt_file::kt_file(const ustring & file_name)
 }
 
 /// False, with the lines of the failure written, when there is no stream to work on.
-bool kt_file::check_open(const call_trace & trace) const
+inline bool kt_file::check_open(const call_trace & trace) const
 {
-    if (file_handle_ && !given_up_)
-        return true;
+    return (file_handle_ && !given_up_) || refuse(trace);
+}
+
+bool kt_file::refuse(const call_trace & trace) const
+{
     trace.fatal("file <%s> not open", file_path_);
     log_message(messages::MSG0001);
     return false;

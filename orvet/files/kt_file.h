@@ -91,6 +91,7 @@ private:
     enum class transfer { none, reading, writing };
 
     bool check_open(const class call_trace & trace) const;
+    bool refuse(const class call_trace & trace) const;
     bool turn_to(transfer direction);
     bool close_stream();
     short read_keyval(unsigned & value);
