@@ -7,11 +7,12 @@ const std::string text = ", is not set or can not be acccessed\n", variable = "[
                   no_brdcfg = "MSGI0002 [F] The Brodan product was not found running in the node where the "
                               "migration tool is running\n";
 
+std::string wrong(const std::string & value) {
+    return "MSGI0003 [W] The environment variable ktxrmtf was set to the wrong value " + value +
+           ". The default value no is used.\n";
+}
+
 TEST(Environment, GetFormsReadAtEachCallAndPlainFormsOnce) {
-    const auto wrong = [](const std::string & value) {
-        return "MSGI0003 [W] The environment variable ktxrmtf was set to the wrong value " + value +
-               ". The default value no is used.\n";
-    };
     const std::tuple<const char *, const char *, std::string> cases[] = {{"YeS", "yes", ""},
                                                                          {"NO", "no", ""},
                                                                          {"Maybe", "no", wrong("Maybe")},
@@ -45,8 +46,6 @@ const scenario unset_paths("unset_paths", [] {
 });
 
 TEST(Environment, UnsetPathsAreToldOnceByThePlainForms) {
-    EXPECT_EQ(run_scenario("unset_paths"),
-              no_ktxpath + no_ktxpath + no_brdcfg + "MSGI0003 [W] The environment variable ktxrmtf " +
-                  "was set to the wrong value x. The default value no is used.\n" + no_ktxwork + "00");
+    EXPECT_EQ(run_scenario("unset_paths"), no_ktxpath + no_ktxpath + no_brdcfg + wrong("x") + no_ktxwork + "00");
 }
 } // namespace

@@ -120,9 +120,8 @@ TEST(ScanCfg, ListsWhatItRead) {
                            "PROTOCOL:first\nprotocol:  TCP\nSERVER:beta\nname only\n  SERVERS: \t1:2");
     scan_cfg cfg("brod.cfg");
     ASSERT_EQ(cfg.load(), 0);
-    for (int round = 0; round < 2; ++round)
-        EXPECT_EQ(printed_by([&] { cfg.show(); }),
-                  "Target_Name \t:WS \x85 one\nTarget_Prot \t:TCP\nServer1 \t:alpha x\nServer2 \t:beta\n");
+    EXPECT_EQ(printed_by([&] { cfg.show(); }),
+              "Target_Name \t:WS \x85 one\nTarget_Prot \t:TCP\nServer1 \t:alpha x\nServer2 \t:beta\n");
     EXPECT_EQ(printed_by([&] { cfg.show_all(); }),
               "\n\n** Full Brod_cfg listing **\nServerline ( 1) :server:  alpha x\nServerline ( 2) :SERVER:beta\n"
               "Generic line ( 1) :protocol :no\nGeneric line ( 2) :Workstation Name: WS \x85 one\n"
@@ -154,7 +153,7 @@ TEST(ScanCfg, KeepsEveryByteOfALineAndThePermissions) {
     scan_cfg cfg("1brod.cfg");
     EXPECT_EQ(cfg.load(), 0);
     EXPECT_EQ(cfg.set_server(2), 0);
-    EXPECT_TRUE(read_text("1brod.cfg") == generic + "SERVER: b\nSERVER: a\n");
+    EXPECT_TRUE(read_text("1brod.cfg") == generic + "SERVER: b\nSERVER: a\n" && fs::exists("1brod.bak"));
     EXPECT_EQ(fs::status("1brod.cfg").permissions(), permissions);
     EXPECT_NE(printed_by([&] { cfg.show_all(); }).find(long_line), std::string::npos);
 }

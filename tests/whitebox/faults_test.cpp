@@ -180,8 +180,9 @@ struct world {
         add(n(fips.arSections().size()) + "/" + n(fips.index()), n(agent.fip("SERVER_NAME=")) + s(agent.server_name()),
             n(profile.fip("SEND=")) + s(profile.usSend()), n(user.fip("USER=")) + s(user.usUserName()),
             n(ip.ip("-trg")) + s(ip.ip_trg_name()), n(ip.ip("-osys")));
-        add(n(cfg.server_lines().size()) + n(cfg.generic_lines().size()), s(cfg.error_text()).substr(0, 8),
-            cfg.cfg_stream() ? "streams" : "", s(cfg.target_name()));
+        add(n(cfg.server_lines().size()) + n(cfg.generic_lines().size()),
+            std::regex_replace(s(cfg.error_text()), std::regex("^(.{8})[^;]*"), "$1"), cfg.cfg_stream() ? "streams" : "",
+            s(cfg.target_name()));
         add(s(text), s(value), s(path.text()), "");
         for (unsigned i = 0; i < items.size(); ++i) {
             auto * const domain = dynamic_cast<top_entry *>(items[i]);
@@ -279,7 +280,8 @@ const row rows[] = {
         "write: 251 i/o erro ~tmp=WORK | killed ~tmp=; write: 251 i/o erro ~tmp=WORK | killed ~tmp=WORK; flush: 251 i/o erro "
         "~tmp=new | killed ~tmp=WORK; sync: 251 i/o erro ~tmp=new | killed ~tmp=new; close: 251 i/o erro ~tmp=new | killed "
         "~tmp=new; remove: + | 261 error ba ~bak=- ~tmp=new | killed ~tmp=new; rename: 261 error ba ~bak=- ~tmp=new | killed "
-        "~bak=- ~tmp=new; rename: 261 error re ~bak=- ~tmp=new | 261 error re ~bak=~cfg ~cfg=- ~tmp=new | killed ~bak=~cfg "
+        "~bak=- ~tmp=new; rename: 261 error re; recovery [succeeded] ~bak=- ~tmp=new | 261 error re; recovery [failed] ~bak=~cfg "
+        "~cfg=- ~tmp=new | killed ~bak=~cfg "
         "~cfg=- ~tmp=new; -: 0 ~bak=~cfg ~cfg=new; mem: 250 unable t | 250 | 251 i/o erro ~tmp=WORK | 251 ~tmp=WORK"),
     ROW(read_cfg(w), (w.cfg.fill_vector(w.items), 0), "-: 0 **; mem: 0"),
     ROW(read_cfg(w), (w.cfg.show_all(), w.cfg.show(), 0), "-: 0 '//**; mem: +"),
