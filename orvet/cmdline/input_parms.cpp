@@ -251,6 +251,7 @@ vector input_parms::missing(const char * const * mandatory) const
 
 ustring input_parms::usage(const option_profile & profile, const char * tool_name)
 {
+    memory_watch watch;
     ustring text("usage: ");
     text.append(tool_name);
     for (const char * const * name = profile.mandatory; *name; ++name)
@@ -259,7 +260,10 @@ ustring input_parms::usage(const option_profile & profile, const char * tool_nam
         text.append(" [options]\noptions:");
     for (const char * const * name = profile.allowed; *name; ++name)
         text.append("\n    ").append(option_text(*name));
-    return text.append("\n");
+    text.append("\n");
+    if (watch.failed())
+        text = ustring();
+    return text;
 }
 
 void input_parms::set_ip(const char * name)

@@ -31,11 +31,12 @@ public:
     int validate(const char * const * mandatory, const char * const * allowed) const;
 
     /// The names of all mandatory options that were not specified, as `ustring`s in the order of the list;
-    /// names outside the option table are passed over. Prints nothing.
+    /// names outside the option table are passed over. Prints nothing. Some are left out when memory is
+    /// short.
     vector missing(const char * const * mandatory) const;
 
     /// How to call a tool of that profile: the mandatory options with the kind of their value or the words
-    /// that they accept, and the allowed ones, one a line. Ends in a line feed.
+    /// that they accept, and the allowed ones, one a line. Ends in a line feed; empty when memory is short.
     static ustring usage(const option_profile & profile, const char * tool_name);
 
     /// Marks the option of that name; a name outside the table marks nothing.
