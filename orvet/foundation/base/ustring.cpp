@@ -357,8 +357,8 @@ inline std::size_t line_length(const char * begin, const char * feed)
 
 int ustring::getline(std::FILE * stream)
 {
-    // The common line lies well inside the stream's buffer, fits, and is of ASCII behind the line feed: one
-    // comparison tells.
+    // The common line lies well inside the stream's buffer, fits, and holds no byte that is below the line
+    // feed or beyond ASCII: one comparison tells.
     const platform::read_ahead ahead = platform::unread(stream);
     const auto left = static_cast<std::size_t>(ahead.end - ahead.begin);
     const std::size_t room = std::min<std::size_t>(left, capacity_ + 1) & -utf8::block;
