@@ -99,7 +99,7 @@ void format(const std::string & text, int value)
     std::snprintf(expected, sizeof expected, all, value, value, number, number, number,
                   static_cast<short>(value), static_cast<unsigned short>(value), value, value, value, value,
                   'c', text.c_str());
-    require_cut(orvet::format_message(all, values, std::size(values)), expected, line_size);
+    require_cut(std::string(orvet::format_message(all, values, std::size(values))), expected, line_size);
 }
 
 void keep(const std::string & text)

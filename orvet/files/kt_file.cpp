@@ -31,7 +31,7 @@ kt_file::kt_file(const ustring & file_name)
 /// False, with the lines of the failure written, when there is no stream to work on.
 inline bool kt_file::check_open(const call_trace & trace) const
 {
-    return (file_handle_ && !given_up_) || refuse(trace);
+    return state_ >= state::opened || refuse(trace);
 }
 
 bool kt_file::refuse(const call_trace & trace) const
@@ -43,14 +43,14 @@ bool kt_file::refuse(const call_trace & trace) const
 
 /// Readies the stream for the other direction, as the runtime asks between reading and writing. False when it
 /// can't be written to, since that would be at an unknown place.
-bool kt_file::turn_to(transfer direction)
+bool kt_file::turn_to(state direction)
 {
-    if (last_ == transfer::writing && direction == transfer::reading)
+    if (state_ == state::writing && direction == state::reading)
         lost_ = std::fflush(file_handle_) != 0 || lost_;
-    else if (last_ == transfer::reading && direction == transfer::writing &&
+    else if (state_ == state::reading && direction == state::writing &&
              std::fseek(file_handle_, 0, SEEK_CUR) != 0)
         return false;
-    last_ = direction;
+    state_ = direction;
     return true;
 }
 
@@ -58,29 +58,24 @@ bool kt_file::turn_to(transfer direction)
 /// operation has reported does not count again.
 bool kt_file::close_stream()
 {
-    if (given_up_)
+    if (state_ == state::gone)
         return false;
     std::clearerr(file_handle_);
-    const bool flushed = last_ != transfer::writing || std::fflush(file_handle_) == 0;
+    const bool flushed = state_ != state::writing || std::fflush(file_handle_) == 0;
     if (std::exchange(lost_, false) || !flushed)
         return false;
-    given_up_ = platform::close_stream(file_handle_) != 0;
-    if (!given_up_)
-        file_handle_ = nullptr;
-    return !given_up_;
+    state_ = platform::close_stream(file_handle_) == 0 ? state::closed : state::gone;
+    return state_ == state::closed;
 }
 
 short kt_file::open(const char * mode)
 {
     const call_trace trace("kt_file::open");
     trace.warning("opening %s file with mode %s", file_path_, mode);
-    if (file_handle_) {
-        if (!given_up_)
-            platform::close_stream(file_handle_);
-        given_up_ = false;
-        size_ = 0;
-    }
-    last_ = transfer::none;
+    if (state_ >= state::opened)
+        platform::close_stream(file_handle_);
+    state_ = state::closed;
+    size_ = 0;
     lost_ = false;
     errno = 0;
     file_handle_ = platform::open_stream(file_path_.text(), mode);
@@ -90,6 +85,7 @@ short kt_file::open(const char * mode)
         log_message(messages::MSG0017, file_path_, error);
         return trace.fail(code::open_failed);
     }
+    state_ = state::opened;
     if (const short rc = seek(0, SEEK_END)) {
         trace.fatal("Error seeking at the end of the file -->%s<--", file_path_);
         return trace.fail(rc);
@@ -110,7 +106,7 @@ short kt_file::close()
 {
     const call_trace trace("kt_file::close");
     trace.warning("closing <%s> file", file_path_);
-    if (!file_handle_)
+    if (state_ == state::closed)
         return trace.leave(code::success);
     if (!close_stream()) {
         trace.error("Error closing %s", file_path_);
@@ -143,7 +139,7 @@ int kt_file::get_line(ustring & line)
         trace.leave();
         return 0;
     }
-    turn_to(transfer::reading);
+    turn_to(state::reading);
     const int read = line.getline(file_handle_);
     if (read)
         trace.info("read line %s", line);
@@ -156,7 +152,7 @@ short kt_file::write(const ustring & text)
     const call_trace trace("kt_file::write");
     if (!check_open(trace))
         return trace.fail(code::not_open);
-    const bool turned = turn_to(transfer::writing);
+    const bool turned = turn_to(state::writing);
     memory_watch watch;
     const char * const bytes = text.mbcs_str();
     const unsigned length = watch.failed() ? text.length() : text.mbcs_length();
@@ -175,7 +171,7 @@ short kt_file::write(const void * buffer, unsigned int size)
     if (!check_open(trace))
         return trace.fail(code::not_open);
     errno = 0;
-    const std::size_t written = turn_to(transfer::writing) ? std::fwrite(buffer, 1, size, file_handle_) : 0;
+    const std::size_t written = turn_to(state::writing) ? std::fwrite(buffer, 1, size, file_handle_) : 0;
     const int error = errno;
     if (written < size) {
         trace.fatal("error writing to file %s. written is %d, errno is %d", file_path_, written, error);
@@ -203,7 +199,7 @@ short kt_file::read(void * buffer, unsigned int size, unsigned int count)
     const call_trace trace("kt_file:read");
     if (!check_open(trace))
         return trace.fail(code::not_open);
-    turn_to(transfer::reading);
+    turn_to(state::reading);
     const std::size_t items = std::fread(buffer, size, count, file_handle_);
     if (items != count) {
         trace.fatal("Error reading from %s file. count = %d, read_bytes =%d", file_path_, count, items);
@@ -218,7 +214,7 @@ unsigned int kt_file::read(void * buffer, unsigned int size)
     const call_trace trace("kt_file:read");
     if (!check_open(trace))
         return trace.fail(0U);
-    turn_to(transfer::reading);
+    turn_to(state::reading);
     return trace.leave(static_cast<unsigned int>(std::fread(buffer, 1, size, file_handle_)));
 }
 

@@ -88,11 +88,13 @@ public:
     short load_offsets(vector & topv);
 
 private:
-    enum class transfer { none, reading, writing };
+    /// What the stream was last used for; without a stream, closed or `gone`: `fclose` has failed, and the
+    /// object counts as open.
+    enum class state { closed, gone, opened, reading, writing };
 
     bool check_open(const class call_trace & trace) const;
     bool refuse(const class call_trace & trace) const;
-    bool turn_to(transfer direction);
+    bool turn_to(state direction);
     bool close_stream();
     short read_keyval(unsigned & value);
 
@@ -100,9 +102,8 @@ private:
     ustring line_; // the room of the lines that only navigation sees
     std::FILE * file_handle_ = nullptr;
     long size_ = 0;
-    transfer last_ = transfer::none;
-    bool lost_ = false;     // written bytes that a turn to reading could not get rid of
-    bool given_up_ = false; // `fclose` has failed: the stream is gone, though the object counts as open
+    state state_ = state::closed;
+    bool lost_ = false; // written bytes that a turn to reading could not get rid of
 };
 
 } // namespace orvet

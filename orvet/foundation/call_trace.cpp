@@ -8,20 +8,14 @@ namespace orvet {
 
 namespace {
 
-constexpr const char * severity_texts[] = {" [C] ", " [I] ", " [W] ", " [E] ", " [F] "};
-
-void write_line(work_area & wa, const char * severity_text, const char * name, std::string_view format,
-                const argument * values, std::size_t count)
-{
-    trace::write_header(wa, severity_text, name);
-    trace::write_text(wa, format_message(format, values, count));
-}
+constexpr std::string_view severity_texts[] = {" [C] ", " [I] ", " [W] ", " [E] ", " [F] "};
 
 } // namespace
 
 void call_trace::write(severity s, std::string_view format, const argument * values, std::size_t count) const
 {
-    write_line(system_trace::wa(), severity_texts[static_cast<int>(s)], name_, format, values, count);
+    trace::write_line(system_trace::wa(), severity_texts[static_cast<int>(s)], name_,
+                      format_message(format, values, count));
 }
 
 detail::line_memory::line_memory() : failures_(memory_failures)
@@ -35,12 +29,12 @@ detail::line_memory::~line_memory()
 
 void detail::write_log(std::string_view format, const argument * values, std::size_t count)
 {
-    write_line(log::wa(), " ", "", format, values, count);
+    trace::write_line(log::wa(), " ", "", format_message(format, values, count));
 }
 
 void detail::write_console(std::string_view format, const argument * values, std::size_t count)
 {
-    std::fputs(format_message(format, values, count), stdout);
+    std::fputs(format_message(format, values, count).data(), stdout);
     std::fputc('\n', stdout);
     std::fflush(stdout);
 }

@@ -4,11 +4,12 @@
 #include <charconv>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <new>
 
-#include "orvet/foundation/base/utf8.h"
+#include "orvet/foundation/base/bounded_writer.h"
 
 namespace orvet {
 
@@ -16,25 +17,6 @@ namespace {
 
 // One for the whole process: both channels and the console format here.
 char buffer[1024];
-
-/// Text that is cut, not overrun, when the buffer is full.
-class writer {
-public:
-    void put(const char * text, std::size_t length)
-    {
-        const std::size_t room = sizeof buffer - 1 - used_;
-        const std::size_t taken = length <= room ? length : utf8::cut(text, room);
-        std::memcpy(buffer + used_, text, taken);
-        used_ += taken;
-        full_ = full_ || taken < length;
-    }
-    bool full() const { return full_; }
-    ~writer() { buffer[used_] = 0; }
-
-private:
-    std::size_t used_ = 0;
-    bool full_ = false;
-};
 
 template <class Number>
 long long clamped(long long value)
@@ -62,18 +44,11 @@ long long fitted(const conversion & as, long long value)
     }
 }
 
-void put_value(writer & out, const conversion & as, const argument & value)
+/// Flags, width and precision are printf's business; only the size is brought to one form.
+void put_printed(bounded_writer & out, const conversion & as, const argument & value)
 {
     const int flags = static_cast<int>(std::min<std::ptrdiff_t>(as.flags - as.begin, 20));
-    if (value.is_text() && flags == 1)
-        return out.put(value.text(), std::strlen(value.text()));
-
     char text[sizeof buffer];
-    if (flags == 1 && (as.kind == 'd' || as.kind == 'i')) {
-        const char * const end = std::to_chars(text, text + sizeof text, fitted(as, value.number())).ptr;
-        return out.put(text, static_cast<std::size_t>(end - text));
-    }
-    // Flags, width and precision are printf's business; only the size is brought to one form.
     char spec[32];
     std::snprintf(spec, sizeof spec, "%.*s%s%c", flags, as.begin,
                   value.is_text() || as.kind == 'c' ? "" : "ll", as.kind);
@@ -82,8 +57,21 @@ void put_value(writer & out, const conversion & as, const argument & value)
                            ? std::snprintf(text, sizeof text, spec, static_cast<int>(value.number()))
                            : std::snprintf(text, sizeof text, spec, fitted(as, value.number()));
     if (length > 0) // a precision counts bytes, and may end inside a character
-        out.put(text,
-                utf8::cut(text, std::min<std::size_t>(static_cast<std::size_t>(length), sizeof text - 1)));
+        out.add({text, utf8::cut(text, std::min(static_cast<std::size_t>(length), sizeof text - 1))});
+}
+
+void put_value(bounded_writer & out, const conversion & as, const argument & value)
+{
+    const bool plain = as.flags - as.begin == 1;
+    if (plain && value.is_text()) {
+        out.add(value.text());
+    } else if (plain && (as.kind == 'd' || as.kind == 'i')) {
+        char digits[24];
+        const char * const end = std::to_chars(digits, std::end(digits), fitted(as, value.number())).ptr;
+        out.add({digits, end});
+    } else {
+        put_printed(out, as, value);
+    }
 }
 
 /// Copies `format` with each bare "%l" made "%ld"; `to` has room for half as much again.
@@ -105,22 +93,23 @@ void copy_with_longs(const char * format, char * to)
 
 } // namespace
 
-char * format_message(std::string_view format, const argument * arguments, std::size_t count)
+std::string_view format_message(std::string_view format, const argument * arguments, std::size_t count)
 {
-    writer out;
+    bounded_writer out(buffer, buffer + sizeof buffer - 1);
     std::size_t taken = 0;
     while (!out.full()) {
         const conversion next = next_conversion(format);
-        out.put(format.data(), static_cast<std::size_t>(next.begin - format.data()));
+        out.add({format.data(), next.begin});
         if (!next.found)
             break;
         if (next.kind == '%')
-            out.put("%", 1);
+            out.add("%");
         else if (taken < count)
             put_value(out, next, arguments[taken++]);
         format.remove_prefix(static_cast<std::size_t>(next.end - format.data()));
     }
-    return buffer;
+    *out.position() = 0;
+    return {buffer, out.position()};
 }
 
 char * format_message(const char * format, std::va_list arguments)

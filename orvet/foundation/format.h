@@ -5,6 +5,7 @@
 #include <concepts>
 #include <cstdarg>
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 #include <type_traits>
 
@@ -60,6 +61,16 @@ struct conversion {
     char kind;          ///< the last letter; 0 for one that is unknown or ends too soon
 };
 
+/// The first "%" of `text`, or its end.
+constexpr const char * find_percent(std::string_view text)
+{
+    const char * const end = text.data() + text.size();
+    if (std::is_constant_evaluated())
+        return std::find(text.data(), end, '%');
+    const void * const found = std::memchr(text.data(), '%', text.size());
+    return found ? static_cast<const char *>(found) : end;
+}
+
 /// The first conversion of `format`, which a zero closes.
 constexpr conversion next_conversion(std::string_view format)
 {
@@ -68,7 +79,7 @@ constexpr conversion next_conversion(std::string_view format)
             ++set;
         return ch != 0 && *set != 0;
     };
-    const char * const begin = std::find(format.data(), format.data() + format.size(), '%');
+    const char * const begin = find_percent(format);
     if (!*begin)
         return {false, begin, begin, begin, 0, 0};
     const char * at = begin + 1;
@@ -129,7 +140,8 @@ using format_for = checked_format<std::type_identity_t<Args>...>;
 /// Formats into the buffer of `trace::internal_write_text`. A zero closes `format`. A signed number outside
 /// the range of its conversion is clamped to it, but for h and hh, which take its low bits; what does not fit
 /// into the buffer is cut at a character's end.
-ORVET_API char * format_message(std::string_view format, const argument * arguments, std::size_t count);
+ORVET_API std::string_view format_message(std::string_view format, const argument * arguments,
+                                          std::size_t count);
 
 /// The same by the rules of `printf`, for arguments without types.
 ORVET_API char * format_message(const char * format, std::va_list arguments);

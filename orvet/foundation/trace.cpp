@@ -6,9 +6,9 @@
 #include <ctime>
 #include <limits>
 
+#include "orvet/foundation/base/bounded_writer.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/number.h"
-#include "orvet/foundation/base/utf8.h"
 #include "orvet/foundation/environment.h"
 #include "orvet/foundation/format.h"
 #include "orvet/foundation/platform/platform.h"
@@ -27,52 +27,51 @@ constexpr int silent = 6;
 // `wa()`, which opens the channel and puts its real first level in place.
 constexpr work_area untouched{std::numeric_limits<int>::min(), nullptr, {}, 0, 0, nullptr};
 
-/// Adds to a channel's line from where it stands now, and always leaves room for the line feed and the
-/// closing zero.
-class assembly {
-public:
-    explicit assembly(char (&line)[1024]) : line_(line) {}
-
-    /// Goes on behind what is there, by somebody else as well: the line is open to tools.
-    void resume() { length_ = strnlen(line_, room); }
-    void add(const char * text, std::size_t length)
-    {
-        const std::size_t taken = length_ + length <= room ? length : utf8::cut(text, room - length_);
-        std::memcpy(line_ + length_, text, taken);
-        length_ += taken;
-    }
-    void add(const char * text)
-    {
-        if (text)
-            add(text, std::strlen(text));
-    }
-    void close() { line_[length_] = 0; }
-    void end()
-    {
-        line_[length_++] = '\n';
-        close();
-    }
-
-private:
-    static constexpr std::size_t room = sizeof(work_area::line) - 2;
-    char * line_;
-    std::size_t length_ = 0;
-};
-
 /// The local time, as lines begin with it. The text of a second is made once.
-const char * current_time(std::size_t & length)
+std::string_view current_time()
 {
     static std::time_t second = -1;
     static char text[sizeof(work_area::line)];
-    static std::size_t text_length = 0;
+    static std::size_t length = 0;
     const std::time_t now = std::time(nullptr);
     if (now != second) {
         const std::tm * const local = std::localtime(&now);
-        text_length = local ? std::strftime(text, sizeof text, "%c", local) : 0;
+        length = local ? std::strftime(text, sizeof text, "%c", local) : 0;
         second = now;
     }
-    length = text_length;
-    return text;
+    return {text, length};
+}
+
+/// A channel's line, added to from `at` on. There is always room for the line feed and the closing zero.
+class assembly : public bounded_writer {
+public:
+    assembly(work_area & wa, std::size_t at) : bounded_writer(wa.line + at, wa.line + room) {}
+
+    void begin(std::string_view severity, std::string_view name)
+    {
+        add(current_time());
+        add(severity);
+        add(name);
+    }
+    void close() { *position() = 0; }
+    void end(std::string_view text)
+    {
+        add(" ");
+        add(text);
+        std::memcpy(position(), "\n", 2);
+    }
+    static constexpr std::size_t room = sizeof(work_area::line) - 2;
+};
+
+std::string_view or_empty(const char * text)
+{
+    return text ? text : "";
+}
+
+void write_out(work_area & wa)
+{
+    if (wa.stream)
+        wa.current_size += wa.stream->writeline(wa.line);
 }
 
 void open_channel(work_area & area, int first_level, const char * file_name)
@@ -134,12 +133,8 @@ void trace::write_current_time(work_area & wa)
 
 void trace::write_header(work_area & wa, const char * severity, const char * name)
 {
-    std::size_t length;
-    const char * const time = current_time(length);
-    assembly line(wa.line);
-    line.add(time, length);
-    line.add(severity);
-    line.add(name);
+    assembly line(wa, 0);
+    line.begin(or_empty(severity), or_empty(name));
     line.close();
 }
 
@@ -154,13 +149,18 @@ char * trace::internal_write_text(const char * format, ...)
 
 void trace::write_text(work_area & wa, const char * text, ...)
 {
-    assembly line(wa.line);
-    line.resume();
-    line.add(" ", 1);
-    line.add(text);
-    line.end();
-    if (wa.stream)
-        wa.current_size += wa.stream->writeline(wa.line);
+    // Behind what is there, by somebody else as well: the line is open to tools.
+    assembly line(wa, strnlen(wa.line, assembly::room));
+    line.end(or_empty(text));
+    write_out(wa);
+}
+
+void trace::write_line(work_area & wa, std::string_view severity, const char * name, std::string_view text)
+{
+    assembly line(wa, 0);
+    line.begin(severity, or_empty(name));
+    line.end(text);
+    write_out(wa);
 }
 
 char * trace::last_system_error_to_string(work_area & wa)

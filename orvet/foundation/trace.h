@@ -2,6 +2,7 @@
 #define ORVET_FOUNDATION_TRACE_H
 
 #include <cstdio>
+#include <string_view>
 
 #include "orvet/foundation/base/pathname.h"
 
@@ -69,6 +70,9 @@ public:
     static char * internal_write_text(const char * format, ...);
     /// Ends the line with `text`, which is no format, and writes it; further arguments are ignored.
     static void write_text(work_area & wa, const char * text, ...);
+    /// Writes a whole line, as `write_header` and `write_text` do.
+    static void write_line(work_area & wa, std::string_view severity, const char * name,
+                           std::string_view text);
 
     ///@{
     /// The text of the operating system's last error, or of `code`, in one buffer of 128 bytes.

@@ -140,7 +140,7 @@ TEST(CallTrace, TypedArgumentsFitTheirConversions) {
     trace.info("%hhd %hhu %lld %lu %li", 300, 257U, 9999999999LL, 7UL, -7L);
     trace.info("%s|%d%.0s", static_cast<const char *>(nullptr), true, "x");
     for (const auto & [odd, expected] : {std::pair("|%d", "|"), {"|%q", "|q"}, {"|%hq", "|q"}, {"|%", "|"}})
-        EXPECT_STREQ(format_message(odd, nullptr, 0), expected); // where nothing was checked
+        EXPECT_STREQ(format_message(odd, nullptr, 0).data(), expected); // where nothing was checked
     EXPECT_EQ(said.take(), "T[I] f u p s -5 2147483647 70000 -1\n"
                            "T[I] f 4464 1 4000000000 ff A 100%        42|ab  |ab\n"
                            "T[I] f 44 1 9999999999 7 -7\nT[I] f |1\n");

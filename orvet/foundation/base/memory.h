@@ -30,9 +30,11 @@ T * allocate(std::size_t count) noexcept
     return static_cast<T *>(room);
 }
 
+/// Gives it back; null, which is common, costs no call.
 inline void release(void * room) noexcept
 {
-    ::operator delete(room);
+    if (room)
+        ::operator delete(room);
 }
 
 /// A new object, whole or not at all: null when the object or any part of it found no memory.

@@ -227,7 +227,11 @@ ustring & ustring::append(const ustring & other)
 
 ustring & ustring::append(const char * text)
 {
-    return append(ustring(text));
+    const std::size_t count = text ? std::strlen(text) : 0;
+    if (length_ + count > capacity_)
+        return append(ustring(text));
+    set_length(length_ + static_cast<unsigned>(utf8::decode(text, count, count, units_ + length_)));
+    return *this;
 }
 
 ustring & ustring::insert(unsigned pos, const ustring & text, unsigned spos, unsigned n)
