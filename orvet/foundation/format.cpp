@@ -9,7 +9,7 @@
 #include <memory>
 #include <new>
 
-#include "orvet/foundation/base/bounded_writer.h"
+#include "orvet/foundation/base/bounded_writer_internal.h"
 
 namespace orvet {
 

@@ -6,7 +6,7 @@
 #include <ctime>
 #include <limits>
 
-#include "orvet/foundation/base/bounded_writer.h"
+#include "orvet/foundation/base/bounded_writer_internal.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/number.h"
 #include "orvet/foundation/environment.h"

@@ -103,7 +103,9 @@ public:
     static bool passes(severity s)
     {
         const int number = static_cast<int>(s);
-        return area_.level <= number && level(wa()) <= number;
+        if (area_.level > number) [[likely]]
+            return false;
+        return level(wa()) <= number;
     }
 
 private:
