@@ -143,7 +143,7 @@ struct recorder : trace_stream {
     int writeline(const char * line) override {
         const truce now;
         static const std::regex form(
-            ".*((>>>> ENTRY)>>>>>|(<<< EXIT)|(QUITTING)|return data (=.*))\n|.* MSG0*(\\d+) .*\n|[^[]* \\[([EF])\\] .*\n|.*\n");
+            ".*((>>>> ENTRY)>>>>>|(<<< EXIT)|(QUITTING)|return data (=.*))\n|.* MSG0*(\\d+) .*\n|[^[]* \\[([IWEF])\\] .*\n|.*\n");
         static const std::regex open_ended(".*(set_local_name|os_brod_cmd|validate|kt_chkfile|sset_out_file) >>>> E.*\n");
         std::cmatch part;
         std::regex_match(line, part, form);
@@ -208,6 +208,17 @@ int read_line(const char * file, ustring & line) {
     std::FILE * const stream = std::fopen(file, "rb");
     line.getline(stream);
     return std::fclose(stream), static_cast<int>(std::strlen(line.mbcs_str()));
+}
+void kinds(world & w) {
+    loaded(w);
+    for (codable * each : std::initializer_list<codable *>{new pathname(w.path), new pair(w.text, w.value), new keyval(w.text),
+                                                           new user_info(w.user), new auth_profile_info(w.profile)})
+        w.items.push_back(each);
+}
+int clones(world & w) {
+    int whole = 0;
+    for (unsigned i = 0; i < w.items.size(); ++i) whole += std::unique_ptr<codable>(w.items[i]->clone()) != nullptr;
+    return whole;
 }
 /// An operation, and what comes of each call that fails, once and, if different, from then on; of none, behind "-"; of shortages,
 /// behind "mem": code, what is new in the world, its files and on the console. "+", or no word, is what comes of none.
@@ -299,8 +310,9 @@ const row rows[] = {
     ROW(, (w.path += w.text, 0), "-: 0 ~other/~; mem: 0"),
     ROW(w.items.push_back(new ustring("one")), (w.items.push_back(new (std::nothrow) ustring("two")), 0), "-: 0 **; mem: 0"),
     ROW(loaded(w), (w.copy = w.items, static_cast<int>(w.copy.size())), "-: 3; mem: 0"),
-    ROW(, std::unique_ptr<codable>(w.profile.clone()) != nullptr, "-: 1; mem: 0"),
-    ROW(loaded(w), std::unique_ptr<codable>(w.items[1]->clone()) != nullptr, "-: 1; mem: 0"),
+    ROW(kinds(w), clones(w), "-: 8; mem: 0 | 1 | 2 | 3 | 4 | 5 | 6 | 7"),
+    ROW(, (w.profile.toString(w.text), w.profile.validate()), "-: 1 /NO/NO/NO/NO/NO/NO/NO/NO/NO/NO/NO/NO/NO/; mem: 1"),
+    ROW(, static_cast<int>(w.ip.missing(ip_names).size() / 30), "-: 1; mem: 0"),
 };
 /// What comes of one run of a row.
 std::string run(const row & r, fault kind, bool memory, int n, const std::string & untouched) {
