@@ -88,8 +88,8 @@ public:
     short load_offsets(vector & topv);
 
 private:
-    /// What the stream was last used for; without a stream, closed or `gone`: `fclose` has failed, and the
-    /// object counts as open.
+    /// In this order: without a stream, which is closed, or gone where `fclose` has failed and the object
+    /// counts as open; with one, which is just opened, or was last used for reading or writing.
     enum class state { closed, gone, opened, reading, writing };
 
     bool check_open(const class call_trace & trace) const;
@@ -99,8 +99,8 @@ private:
     short read_keyval(unsigned & value);
 
     pathname file_path_;
-    ustring line_; // the room of the lines that only navigation sees
-    std::FILE * file_handle_ = nullptr;
+    ustring line_;                      // the room of the lines that only navigation sees
+    std::FILE * file_handle_ = nullptr; // from `opened` on
     long size_ = 0;
     state state_ = state::closed;
     bool lost_ = false; // written bytes that a turn to reading could not get rid of

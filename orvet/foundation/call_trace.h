@@ -100,7 +100,8 @@ private:
         if (system_trace::passes(s)) [[unlikely]]
             write_values<Args...>(s, format.text(), args...);
     }
-    // Apart, and with plain values by value: a shut gate then costs its test alone.
+    // Not inlined, and plain values passed as values, so that none needs a place in memory ahead of the gate:
+    // a shut one costs its test alone.
     template <class... Args>
     [[gnu::noinline, gnu::cold]] void
     write_values(severity s, std::string_view format,

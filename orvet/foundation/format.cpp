@@ -65,7 +65,7 @@ void put_value(bounded_writer & out, const conversion & as, const argument & val
     const bool plain = as.flags - as.begin == 1;
     if (plain && value.is_text()) {
         out.add(value.text());
-    } else if (plain && (as.kind == 'd' || as.kind == 'i')) {
+    } else if (plain && as.kind == 'd') {
         char digits[24];
         const char * const end = std::to_chars(digits, std::end(digits), fitted(as, value.number())).ptr;
         out.add({digits, end});
@@ -93,11 +93,11 @@ void copy_with_longs(const char * format, char * to)
 
 } // namespace
 
-std::string_view format_message(std::string_view format, const argument * arguments, std::size_t count)
+char * format_message(std::string_view format, const argument * arguments, std::size_t count)
 {
     bounded_writer out(buffer, buffer + sizeof buffer - 1);
     std::size_t taken = 0;
-    while (!out.full()) {
+    for (;;) {
         const conversion next = next_conversion(format);
         out.add({format.data(), next.begin});
         if (!next.found)
@@ -109,7 +109,7 @@ std::string_view format_message(std::string_view format, const argument * argume
         format.remove_prefix(static_cast<std::size_t>(next.end - format.data()));
     }
     *out.position() = 0;
-    return {buffer, out.position()};
+    return buffer;
 }
 
 char * format_message(const char * format, std::va_list arguments)

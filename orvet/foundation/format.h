@@ -61,6 +61,8 @@ struct conversion {
     char kind;          ///< the last letter; 0 for one that is unknown or ends too soon
 };
 
+namespace detail {
+
 /// The first "%" of `text`, or its end.
 constexpr const char * find_percent(std::string_view text)
 {
@@ -71,6 +73,8 @@ constexpr const char * find_percent(std::string_view text)
     return found ? static_cast<const char *>(found) : end;
 }
 
+} // namespace detail
+
 /// The first conversion of `format`, which a zero closes.
 constexpr conversion next_conversion(std::string_view format)
 {
@@ -79,7 +83,7 @@ constexpr conversion next_conversion(std::string_view format)
             ++set;
         return ch != 0 && *set != 0;
     };
-    const char * const begin = find_percent(format);
+    const char * const begin = detail::find_percent(format);
     if (!*begin)
         return {false, begin, begin, begin, 0, 0};
     const char * at = begin + 1;
@@ -140,8 +144,7 @@ using format_for = checked_format<std::type_identity_t<Args>...>;
 /// Formats into the buffer of `trace::internal_write_text`. A zero closes `format`. A signed number outside
 /// the range of its conversion is clamped to it, but for h and hh, which take its low bits; what does not fit
 /// into the buffer is cut at a character's end.
-ORVET_API std::string_view format_message(std::string_view format, const argument * arguments,
-                                          std::size_t count);
+ORVET_API char * format_message(std::string_view format, const argument * arguments, std::size_t count);
 
 /// The same by the rules of `printf`, for arguments without types.
 ORVET_API char * format_message(const char * format, std::va_list arguments);

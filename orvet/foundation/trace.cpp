@@ -42,24 +42,25 @@ std::string_view current_time()
     return {text, length};
 }
 
-/// A channel's line, added to from `at` on. There is always room for the line feed and the closing zero.
+/// A channel's line, added to from `at` on and closed by a zero; its line feed always has room.
 class assembly : public bounded_writer {
 public:
     assembly(work_area & wa, std::size_t at) : bounded_writer(wa.line + at, wa.line + room) {}
 
-    void begin(std::string_view severity, std::string_view name)
+    void add_header(std::string_view severity, std::string_view name)
     {
         add(current_time());
         add(severity);
         add(name);
+        *position() = 0;
     }
-    void close() { *position() = 0; }
-    void end(std::string_view text)
+    void add_text(std::string_view text)
     {
         add(" ");
         add(text);
         std::memcpy(position(), "\n", 2);
     }
+
     static constexpr std::size_t room = sizeof(work_area::line) - 2;
 };
 
@@ -133,9 +134,7 @@ void trace::write_current_time(work_area & wa)
 
 void trace::write_header(work_area & wa, const char * severity, const char * name)
 {
-    assembly line(wa, 0);
-    line.begin(or_empty(severity), or_empty(name));
-    line.close();
+    assembly(wa, 0).add_header(or_empty(severity), or_empty(name));
 }
 
 char * trace::internal_write_text(const char * format, ...)
@@ -150,16 +149,16 @@ char * trace::internal_write_text(const char * format, ...)
 void trace::write_text(work_area & wa, const char * text, ...)
 {
     // Behind what is there, by somebody else as well: the line is open to tools.
-    assembly line(wa, strnlen(wa.line, assembly::room));
-    line.end(or_empty(text));
+    assembly(wa, strnlen(wa.line, assembly::room)).add_text(or_empty(text));
     write_out(wa);
 }
 
-void trace::write_line(work_area & wa, std::string_view severity, const char * name, std::string_view text)
+void trace::write_line(work_area & wa, std::string_view severity, const char * name, std::string_view format,
+                       const argument * arguments, std::size_t count)
 {
     assembly line(wa, 0);
-    line.begin(severity, or_empty(name));
-    line.end(text);
+    line.add_header(severity, or_empty(name));
+    line.add_text(format_message(format, arguments, count));
     write_out(wa);
 }
 

@@ -48,7 +48,7 @@ struct work_area {
 };
 
 /// The engine of both channels. A line is made by `write_header`, `internal_write_text` and `write_text`, in
-/// this order, with nothing else written on the channel in between; `call_trace` and `log_message` do that.
+/// this order, with nothing else written on the channel in between; `write_line` does that.
 /// What does not fit into a line is cut at a character's end. No operation reports a failure.
 class ORVET_API trace {
 public:
@@ -70,9 +70,10 @@ public:
     static char * internal_write_text(const char * format, ...);
     /// Ends the line with `text`, which is no format, and writes it; further arguments are ignored.
     static void write_text(work_area & wa, const char * text, ...);
-    /// Writes a whole line, as `write_header` and `write_text` do.
+    /// The three in one, with the rules of `format_message`; `name` may be null. Behind a header that does
+    /// not fit there is no text.
     static void write_line(work_area & wa, std::string_view severity, const char * name,
-                           std::string_view text);
+                           std::string_view format, const class argument * arguments, std::size_t count);
 
     ///@{
     /// The text of the operating system's last error, or of `code`, in one buffer of 128 bytes.

@@ -228,6 +228,13 @@ const row rows[] = {
     ROW(opened(w), f.open("r+b"), "close: + | 250 shut 0; open: 250 shut 0; seek: 253 0; tell: 256 -1; -: 0; mem: +"),
     ROW((opened(w), w.file.write("new", 3)), f.close(),
         "flush: 252 scan=newp; close: 252 shut gone scan=newp; -: 0 shut 0 scan=newp"),
+    ROW(opened(w), (f.close(), f.open("rb"), f.close()),
+        "seek: + | 252 shut 0 gone; tell: + | 252 shut -1 gone; seek: + | 252 shut gone; close: 252 shut gone; -: 0 shut 0; mem: "
+        "+"),
+    ROW(opened(w), (f.write("new", 3), f.get_line(w.text), f.open("rb"), f.close()),
+        "write: 0 shut 0 [topology] | 0 shut 0; flush: + | 0 shut 0 scan=newp; fill: 0 shut 0 scan=newp; seek: + | 252 shut 0 "
+        "pology] gone scan=newp; tell: + | 252 shut -1 pology] gone scan=newp; seek: + | 252 shut pology] gone scan=newp; "
+        "close: 252 shut pology] gone scan=newp; -: 0 shut 0 pology] scan=newp; mem: +"),
     ROW(opened(w), f.seek(3, SEEK_SET), "seek: 253; -: 0"),
     ROW(opened(w), f.get_pos(&w.number), "tell: 256 -1; -: 0 0"),
     ROW(opened(w), f.get_line(w.text), "fill: 0; -: 1 [topology]"),

@@ -1,7 +1,6 @@
 #ifndef ORVET_FOUNDATION_BASE_BOUNDED_WRITER_H
 #define ORVET_FOUNDATION_BASE_BOUNDED_WRITER_H
 
-#include <cstring>
 #include <string_view>
 
 #include "orvet/foundation/base/utf8.h"
@@ -23,11 +22,8 @@ public:
             taken = utf8::cut(text.data(), room);
             end_ = at_ + taken;
         }
-        std::memcpy(at_, text.data(), taken);
-        at_ += taken;
+        at_ += text.copy(at_, taken);
     }
-    /// True when there is no room left.
-    bool full() const { return at_ == end_; }
     /// The place behind what was added.
     char * position() const { return at_; }
 

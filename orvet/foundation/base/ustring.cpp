@@ -227,6 +227,7 @@ ustring & ustring::append(const ustring & other)
 
 ustring & ustring::append(const char * text)
 {
+    // No byte makes more than a unit; one's own multi-byte form stays where it is.
     const std::size_t count = text ? std::strlen(text) : 0;
     if (length_ + count > capacity_)
         return append(ustring(text));

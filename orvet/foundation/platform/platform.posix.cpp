@@ -83,7 +83,7 @@ int close_stream(std::FILE * stream)
 std::size_t write_through(std::FILE * stream, const char * bytes, std::size_t size)
 {
     // An empty buffer would only take a copy ahead of the same call.
-    const int file = stream->_IO_write_ptr == stream->_IO_write_base ? stream->_fileno : -1;
+    const int file = stream->_IO_write_ptr == stream->_IO_write_base ? fileno(stream) : -1;
     const ssize_t taken = file >= 0 ? write(file, bytes, size) : 0;
     std::size_t done = taken > 0 ? static_cast<std::size_t>(taken) : 0;
     if (done < size) {
