@@ -66,7 +66,6 @@ const struct {
     {1, "# agents\nTARGET=first\n" + least + "\ntarget=second\r\n" + least + " agent_name = $(HOSTNAME)\n"
      "GATEWAY_PORT_NUMBER= 950 \nAGENT_INST_PATH=d:\\agent\nMOUNT_OPTIONS=ro", 0,
      "3: 1" + whole + " 2<WINDOWS_NT,s,950,,d:\\agent,ro>", "started;+TARGET=first;+TARGET=second;completed;"},
-    {1, least, 0, "1: 0" + whole, "started;completed;"},
     {1, "MOUNT_OPTIONS=early\nTARGET=1\n" + least + "TARGET =1\n", 0,
      "2: 0<,,9494,$(TARGET),c:\\corvan\\vxa,early> 1" + whole, "started;+TARGET=1;completed;"},
     {1, " \n#\n", 102, "1:", "started;refused VXA\n"},
@@ -80,18 +79,13 @@ const struct {
      "PROFILE NAME=v\nQUEUES=YES\nQUEUES VIEW=maybe\n", 0, "1: <operators,YES,YES,> <v,NO,NO,maybe>",
      "started;+PROFILE NAME=operators;+PROFILE NAME=v;-->operators YES NO NO NO NO YES NO NO NO NO NO NO NO;"
      "-->v NO NO NO NO NO NO NO NO YES NO NO NO NO;completed;"},
-    {2, "", 0, "1: <,NO,NO,>", "started;--> NO NO NO NO NO NO NO NO NO NO NO NO NO;completed;"},
     {3, "# users\nUSER=a\nAUTHORIZATION PROFILE=operators\n[head]\n  # note\nuser=User2 \nauthorization profile=x #\n", 0,
      "1: <a,operators> <User2,x #>", "started;+USER=a;+USER=User2;-->a<-- -->operators;"
      "-->User2<-- -->x #;completed;"},
-    {3, "USER=caf\xE9\nAUTHORIZATION PROFILE=\xEF\xBB\xBF\xFF\n", 0, "1: <caf\xE9,\xEF\xBB\xBF\xFF>",
-     "started;+USER=caf\xE9;-->caf\xE9<-- -->\xEF\xBB\xBF\xFF;completed;"},
     {3, "", 102, "1:", "started;missing USER=;refused \n"},
     {3, "USER=a\nAUTHORIZATION PROFILE=x\nUSER=b\n user=c\nAUTHORIZATION PROFILE=z\n", 102, "1: <a,x> at 4,2: user=c",
      "started;+USER=a;+USER=b;-->a<-- -->x;+USER=c;missing AUTHORIZATION PROFILE=;refused \n"},
-    {3, "USER=a\n", 102, "1: at 0,1:", "started;+USER=a;missing AUTHORIZATION PROFILE=;refused \n"},
     {3, "\t# z=1\n", 100, "1: at 1,0:\t# z=1", "started;invalid \t# Z=1;quit;"},
-    {3, "USER=a\nuser =b\n", 100, "1: at 2,1:user =b", "started;+USER=a;invalid USER =b;quit;"},
     {3, "group=a\nUSER=b\n", 100, "1: at 1,1:group=a", "started;+GROUP=a;invalid GROUP=a;quit;", "GROUP="},
     {3, "USER=a\nUSER=b\n", 102, "1: at 2,1:USER=b",
      "started;+USER=a;+USER=b;missing AUTHORIZATION PROFILE=;refused \n", ""},
