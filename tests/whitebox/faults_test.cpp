@@ -256,6 +256,8 @@ const row rows[] = {
         "fill: 0; -: 0 north and some more any,NORTHERN DOMAIN,push,HQ1; mem: 258"),
     ROW(at_count(w), f.load_top(w.text, w.items),
         "fill: 259; -: 0 HQ1_HQ1 @0@0@0; mem: 259 | 258 | 258 HQ1_HQ1 @0 | 258 HQ1_HQ1 @0@0 | 258 HQ1_HQ1 @0@0@0"),
+    ROW((write_file(where + "scan", "count = 1\nhq = any," + longer + "\n"), opened(w)), f.load_top(w.text, w.items),
+        "fill: 259 scan=coun; -: 0 ~_~ @0 scan=coun; mem: 259 scan=coun | 258 scan=coun | 258 ~_~ @0 scan=coun"),
     ROW(loaded(w), f.load_offsets(w.items),
         "fill: 260; tell: 256 @-1@0@0; tell: 256 @137@-1@0; tell: 256 @137@173@-1; -: 0 @137@173@191; mem: 260 @137@0@0 | "
         "258 @137@173@0 | 258 | 258 @137@0@0 | +"),
