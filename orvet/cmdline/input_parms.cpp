@@ -93,7 +93,7 @@ void take(ustring & field, const char * value, int & mark, const keyword_rule & 
     for (const char * const * word = rule.words; *word; ++word)
         if (field == *word)
             return;
-    const detail::line_memory apart;
+    const line_memory apart;
     rule.complain(field.mbcs_str());
     field = rule.otherwise;
 }

@@ -22,22 +22,6 @@
 ///     }
 namespace orvet {
 
-namespace detail {
-
-/// Around the making of a line: what finds no memory there is missing in the line, and fails nothing else.
-class ORVET_API line_memory {
-public:
-    line_memory();
-    line_memory(const line_memory &) = delete;
-    line_memory & operator=(const line_memory &) = delete;
-    ~line_memory();
-
-private:
-    unsigned failures_;
-};
-
-} // namespace detail
-
 /// The trace of one call. Made first thing in a function, with the function's name in the trace, it writes
 /// the entry line; the name must outlive it.
 class ORVET_API call_trace {
@@ -107,7 +91,6 @@ private:
     write_values(severity s, std::string_view format,
                  std::conditional_t<std::is_scalar_v<Args>, Args, const Args &>... args) const
     {
-        const detail::line_memory apart;
         const argument values[] = {argument(args)..., argument(0)};
         write(s, format, values, sizeof...(Args));
     }
@@ -140,7 +123,6 @@ template <class... Args>
 void log_message(format_for<Args...> format, const Args &... args)
 {
     if (log::passes()) {
-        const detail::line_memory apart;
         const argument values[] = {argument(args)..., argument(0)};
         detail::write_log(format.text(), values, sizeof...(Args));
     }
@@ -149,7 +131,6 @@ void log_message(format_for<Args...> format, const Args &... args)
 template <class... Args>
 void console_message(format_for<Args...> format, const Args &... args)
 {
-    const detail::line_memory apart;
     const argument values[] = {argument(args)..., argument(0)};
     detail::write_console(format.text(), values, sizeof...(Args));
 }

@@ -20,8 +20,8 @@ public:
     ///@{
     /// A text; null is the empty one.
     argument(const char * text) : text_(text ? text : "") {}
-    argument(const ustring & text) : text_(text.mbcs_str()) {}
-    argument(const pathname & path) : text_(path.mbcs_str()) {}
+    argument(const ustring & text) : units_(&text) {}
+    argument(const pathname & path) : units_(&path.text()) {}
     ///@}
     /// A whole number.
     template <std::integral Number>
@@ -30,14 +30,15 @@ public:
     }
 
     /// True for a text, false for a number.
-    bool is_text() const { return text_ != nullptr; }
-    /// The text; null for a number.
-    const char * text() const { return text_; }
+    bool is_text() const { return text_ || units_; }
+    /// The text, null for a number. A `ustring` gives its multi-byte form, which may take memory.
+    const char * text() const { return units_ ? units_->mbcs_str() : text_; }
     /// The number; 0 for a text.
     long long number() const { return number_; }
 
 private:
     const char * text_ = nullptr;
+    const ustring * units_ = nullptr;
     long long number_ = 0;
 };
 
@@ -61,20 +62,6 @@ struct conversion {
     char kind;          ///< the last letter; 0 for one that is unknown or ends too soon
 };
 
-namespace detail {
-
-/// The first "%" of `text`, or its end.
-constexpr const char * find_percent(std::string_view text)
-{
-    const char * const end = text.data() + text.size();
-    if (std::is_constant_evaluated())
-        return std::find(text.data(), end, '%');
-    const void * const found = std::memchr(text.data(), '%', text.size());
-    return found ? static_cast<const char *>(found) : end;
-}
-
-} // namespace detail
-
 /// The first conversion of `format`, which a zero closes.
 constexpr conversion next_conversion(std::string_view format)
 {
@@ -83,7 +70,12 @@ constexpr conversion next_conversion(std::string_view format)
             ++set;
         return ch != 0 && *set != 0;
     };
-    const char * const begin = detail::find_percent(format);
+    const char * const end = format.data() + format.size();
+    const char * begin = end;
+    if (std::is_constant_evaluated())
+        begin = std::find(format.data(), end, '%');
+    else if (const void * const found = std::memchr(format.data(), '%', format.size()))
+        begin = static_cast<const char *>(found);
     if (!*begin)
         return {false, begin, begin, begin, 0, 0};
     const char * at = begin + 1;

@@ -20,6 +20,18 @@ private:
     unsigned start_ = memory_failures;
 };
 
+/// Around the making of a line: what finds no memory there is missing in the line, and fails nothing else.
+class line_memory {
+public:
+    line_memory() = default;
+    line_memory(const line_memory &) = delete;
+    line_memory & operator=(const line_memory &) = delete;
+    ~line_memory() { memory_failures = failures_; }
+
+private:
+    const unsigned failures_ = memory_failures;
+};
+
 /// Room for `count` items of a plain type; null, and counted, when there is none.
 template <class T>
 T * allocate(std::size_t count) noexcept
