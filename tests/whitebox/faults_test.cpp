@@ -291,7 +291,7 @@ const row rows[] = {
     ROW(, (w.text = std::unique_ptr<pathname>(&sset_out_file("a name"))->text(), 0), "-: 0 ~a name; mem: 0 | 0 "),
     ROW(w.text = "at $(REPOSITORY)/x", (resolve_tokens(w.text), 0), "-: 0 ~repos/x; mem: 0"),
     ROW(, static_cast<int>(input_parms::usage({ip_names, ip_names}, "tool").length()), "-: 871; mem: 0"),
-    ROW(, usprintf(w.text, "%s and %d", "another text, a longer one", 5), "-: 32 another text, a longer one and 5; mem: 38"),
+    ROW(, usprintf(w.text, "%s and %d, a longer text", w.head, 5), "-: 25 [hq] and 5, a longer text; mem: 38"),
     ROW(, get_token(w.text, 0).length() != 0, "-: 1; mem: 0"),
     ROW(, static_cast<int>(build_server_rr(w.text).length()), "-: 77; mem: 0"),
     ROW(w.text = "count = 00000000000000000000000000005", get_count(w.text, &w.count), "-: 0 5; mem: 259"),
