@@ -27,7 +27,7 @@ public:
 
     /// Holds the marks against two lists of option names, each closed by a null entry; neither is null. Gives
     /// 0 and names the first mandatory option that is missing, or 1; options outside both lists are only
-    /// warned of.
+    /// warned of, and names outside the option table are passed over.
     int validate(const char * const * mandatory, const char * const * allowed) const;
 
     /// The names of all mandatory options that were not specified, as `ustring`s in the order of the list;

@@ -123,7 +123,9 @@ short kt_file::seek(long offset, int origin)
     if (!check_open(trace))
         return trace.fail(code::not_open);
     trace.warning("seeking in %s file. offset is %d origin is %d", file_path_, offset, origin);
-    if (std::fseek(file_handle_, offset, origin) != 0) {
+    // Not every runtime's fseek tells of bytes that it could not write.
+    const bool flushed = state_ != state::writing || std::fflush(file_handle_) == 0;
+    if (!flushed || std::fseek(file_handle_, offset, origin) != 0) {
         trace.error("Error seeking in file %s at offset %d from origin %d", file_path_, offset, origin);
         log_message(messages::MSG0019, file_path_, offset, origin);
         return trace.fail(code::seek_failed);

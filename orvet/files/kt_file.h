@@ -32,12 +32,14 @@ public:
     short open(const char * mode);
     /// Closes the stream; 0 also when none is open. After 252 the object stays open.
     short close();
-    /// Moves to `offset` bytes from `origin`, a value of `fseek`. 253, or 255 when not open.
+    /// Moves to `offset` bytes from `origin`, a value of `fseek`. 253, also when what was written in front of
+    /// it finds no room; 255 when not open.
     short seek(long offset, int origin);
     /// Reads the next line, without its line end. Not 0 when there was one; 0 at the end of the file and when
     /// not open, with `line` as it was. Allocates only when a line is longer than all that `line` has held.
     int get_line(ustring & line);
-    /// Writes the text's multi-byte form, without a line end. 251, or 255 when not open.
+    /// Writes the text's multi-byte form, without a line end. 251, or 255 when not open. What still waits in
+    /// the stream's buffer then is answered for by `close`, or by a `seek`.
     short write(const ustring & text);
     /// Writes `size` bytes. 251, or 255 when not open.
     short write(const void * buffer, unsigned int size);

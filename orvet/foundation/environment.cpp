@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/number.h"
 #include "orvet/foundation/call_trace.h"
 #include "orvet/foundation/messages.h"
@@ -27,6 +28,26 @@ int int_of(const char * variable, int otherwise)
     const char * const value = std::getenv(variable);
     return value ? to_int(value) : otherwise;
 }
+
+/// A setting as it was first read: read again where there was no memory for it.
+template <class Value>
+class kept {
+public:
+    template <class Read>
+    const Value & get(Read read)
+    {
+        if (!whole_) {
+            memory_watch watch;
+            value_ = Value(read());
+            whole_ = !watch.failed();
+        }
+        return value_;
+    }
+
+private:
+    Value value_;
+    bool whole_ = false;
+};
 
 } // namespace
 
@@ -94,26 +115,26 @@ const char * environment::get_kt_work_path()
 
 const pathname & environment::kt_inst_path()
 {
-    static const pathname path(get_kt_inst_path());
-    return path;
+    static kept<pathname> path;
+    return path.get(get_kt_inst_path);
 }
 
 const pathname & environment::brod_inst_path()
 {
-    static const pathname path(get_brod_inst_path());
-    return path;
+    static kept<pathname> path;
+    return path.get(get_brod_inst_path);
 }
 
 const ustring & environment::cf_prefix()
 {
-    static const ustring prefix(get_cf_prefix());
-    return prefix;
+    static kept<ustring> prefix;
+    return prefix.get(get_cf_prefix);
 }
 
 const ustring & environment::remove_temp_files()
 {
-    static const ustring answer(get_remove_temp_files());
-    return answer;
+    static kept<ustring> answer;
+    return answer.get(get_remove_temp_files);
 }
 
 long environment::log_size()
@@ -142,14 +163,14 @@ int environment::trace_level()
 
 const pathname & environment::kt_work_path()
 {
-    static const pathname path(get_kt_work_path());
-    return path;
+    static kept<pathname> path;
+    return path.get(get_kt_work_path);
 }
 
 const pathname & environment::kt_bin_path()
 {
-    static const pathname path = pathname(kt_inst_path()) += "bin";
-    return path;
+    static kept<pathname> path;
+    return path.get([] { return pathname(kt_inst_path()) += "bin"; });
 }
 
 } // namespace orvet

@@ -56,8 +56,12 @@ void put_printed(bounded_writer & out, const conversion & as, const argument & v
                        : as.kind == 'c'
                            ? std::snprintf(text, sizeof text, spec, static_cast<int>(value.number()))
                            : std::snprintf(text, sizeof text, spec, fitted(as, value.number()));
-    if (length > 0) // a precision counts bytes, and may end inside a character
-        out.add({text, utf8::cut(text, std::min(static_cast<std::size_t>(length), sizeof text - 1))});
+    if (length <= 0)
+        return;
+    const std::size_t kept = std::min(static_cast<std::size_t>(length), sizeof text - 1);
+    // A precision counts bytes, and may end inside a character.
+    const bool shortened = value.is_text() && !std::strstr(text, value.text());
+    out.add({text, shortened ? utf8::cut(text, kept) : kept});
 }
 
 void put_value(bounded_writer & out, const conversion & as, const argument & value)

@@ -77,6 +77,7 @@ void write_out(work_area & wa)
 
 void open_channel(work_area & area, int first_level, const char * file_name)
 {
+    const line_memory apart;
     area.level = first_level;
     area.stream = make<stdio_trace_stream>(file_name);
     std::memset(area.line, 0, sizeof area.line);
@@ -89,10 +90,13 @@ void open_channel(work_area & area, int first_level, const char * file_name)
 
 stdio_trace_stream::stdio_trace_stream(const char * file_name)
 {
-    const pathname & directory = environment::kt_inst_path();
+    const line_memory apart;
     memory_watch watch;
-    pathname path(directory);
-    path += file_name;
+    pathname path(environment::kt_inst_path());
+    if (path.text().length() != 0)
+        path += file_name;
+    else
+        path = file_name;
     stream_ = watch.failed() ? nullptr : platform::open_stream(path.text(), "a+");
     if (!stream_) {
         stream_ = stderr;

@@ -196,8 +196,12 @@ int scan_cfg::set_server(int n)
     if (n < 1 || n > server_count_)
         return fail(code::no_server, "invalid server number [%d]: valid range is [1..%d]", n, server_count_);
     const neighbours files(cfg_file_);
-    if (files.usable())
+    if (files.usable()) {
         cfg_stream_ = platform::open_stream(files.temporary, "w");
+        // One that was left behind has the permissions of a file that may be read alone.
+        if (!cfg_stream_ && errno == EACCES && platform::remove_file(files.temporary) == 0)
+            cfg_stream_ = platform::open_stream(files.temporary, "w");
+    }
     if (!cfg_stream_)
         return fail(code::open_failed, "unable to open tempfile [%s]", files.temporary);
     if (!write_new_text(static_cast<unsigned>(n - 1)))

@@ -71,9 +71,11 @@ TEST_F(Trace, FormatsAsPrintf) {
     kt_chkfile("not there");
     EXPECT_TRUE(trace::last_system_error_to_string(wa) == missing && missing.find("System error") == std::string::npos);
     EXPECT_EQ(stdio_trace_stream(static_cast<std::FILE *>(nullptr)).writeline("x"), -1);
-    std::FILE * const file = std::fopen("lines.txt", "w");
+    std::FILE * const file = std::fopen("lines.txt", "wb");
     stdio_trace_stream stream(file);
     EXPECT_TRUE(std::fputs("ahead ", file) >= 0 && stream.writeline("of it\n") == 6 && read_text("lines.txt") == "ahead of it\n");
+    EXPECT_TRUE(std::fseek(file, 6, SEEK_SET) == 0 && stream.writeline("and ") == 4 && std::fseek(file, 0, SEEK_CUR) == 0);
+    EXPECT_TRUE(stream.writeline("on") == 2 && read_text("lines.txt") == "ahead and on") << read_text("lines.txt");
 }
 
 /// For an operation that no caller can name.
@@ -133,11 +135,12 @@ TEST(CallTrace, TypedArgumentsFitTheirConversions) {
     trace.info("%hhd %hhu %lld %lu %li", 300, 257U, 9999999999LL, 7UL, -7L);
     trace.info("%s|%d%.0s", static_cast<const char *>(nullptr), true, "x");
     trace.info("to its zero%c%s", 0, "x");
+    trace.info("%c%5s", 0xE9, "f\xE9");
     for (const auto & [odd, expected] : {std::pair("|%d", "|"), {"|%q", "|q"}, {"|%hq", "|q"}, {"|%", "|"}})
         EXPECT_STREQ(format_message(odd, nullptr, 0), expected); // where nothing was checked
     EXPECT_EQ(said.take(), "T[I] f u p s -5 2147483647 70000 -1\n"
                            "T[I] f 4464 1 4000000000 ff A 100%        42|ab  |ab\n"
-                           "T[I] f 44 1 9999999999 7 -7\nT[I] f |1\nT[I] f to its zero\n");
+                           "T[I] f 44 1 9999999999 7 -7\nT[I] f |1\nT[I] f to its zero\nT[I] f \xE9   f\xE9\n");
     EXPECT_EQ(trace.fail(short{252}), 252);
     trace.leave(100000U);
     EXPECT_EQ(said.take(), "T[C] f <><><><><> QUITTING\nT[C] f return data = 252\nT[C] f <<<<<<<<<< EXIT\n"
@@ -192,6 +195,7 @@ const scenario no_path("no_path", [] {
     set_variable("KTXPATH", nullptr);
     system_trace::wa();
     log_message(messages::MSG0001);
+    stdio_trace_stream((test_directory() / "absolute.txt").string().c_str()).writeline("there");
 });
 
 TEST(Channels, WorkWithoutTheirDirectory) {
@@ -200,9 +204,10 @@ TEST(Channels, WorkWithoutTheirDirectory) {
     const std::string path = "not/there" + native("/") + "ktx1.log";
     EXPECT_EQ(text.find("Could not open trace file ->" + path + "<-, logging on stderr\n"), 0U) << text;
     EXPECT_TRUE(text.find("  MSG0001 [F] A read") != std::string::npos && text.ends_with("not open\nend")) << text;
-    std::filesystem::remove("ktx1.log");
+    for (const char * name : {"ktx1.log", "absolute.txt"}) std::filesystem::remove(name);
     EXPECT_EQ(run_scenario("no_path").find("MSGI0001 [F] The environment variable KTXPATH"), 0U);
     EXPECT_EQ(behind("  MSG", "ktx1.log"),
               text.substr(text.find("  MSG"), text.rfind("end") - text.find("  MSG"))); // in the current one
+    EXPECT_EQ(read_text("absolute.txt"), "there");
 }
 } // namespace

@@ -81,6 +81,8 @@ void keep_crashes_quiet();
 unsigned long process_number();
 /// Prints the name of each file that this process holds open besides its standard streams, a line each.
 void print_open_files();
+/// Has the process ignore how its children end, or not; true when it did so before.
+bool ignore_children(bool wish);
 /// A command that signal 9 ends; null where there are no signals.
 extern const char * const killed_command;
 /// Opens a file, made if need be, that nobody else gets at until the result goes; null where nobody is kept out.

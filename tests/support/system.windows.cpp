@@ -19,6 +19,7 @@ void print_open_files() {
     }
 }
 
+bool ignore_children(bool wish) { return !wish; }
 const char * const killed_command = nullptr;
 std::shared_ptr<void> hold_file(const char * name) {
     return {CreateFileA(name, GENERIC_READ, 0, nullptr, OPEN_ALWAYS, 0, nullptr), CloseHandle};

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <regex>
 
+#include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/platform/platform.h"
 using namespace orvet;
 using namespace orvet_test;
@@ -235,7 +236,7 @@ const row rows[] = {
         "write: 0 shut 0 [topology] | 0 shut 0; flush: + | 0 shut 0 scan=newp; fill: 0 shut 0 scan=newp; seek: + | 252 shut 0 "
         "pology] gone scan=newp; tell: + | 252 shut -1 pology] gone scan=newp; seek: + | 252 shut pology] gone scan=newp; "
         "close: 252 shut pology] gone scan=newp; -: 0 shut 0 pology] scan=newp; mem: +"),
-    ROW(opened(w), f.seek(3, SEEK_SET), "seek: 253; -: 0"),
+    ROW((opened(w), w.file.write("new", 3)), f.seek(3, SEEK_SET), "flush: 253 scan=newp; seek: 253 scan=newp; -: 0 scan=newp"),
     ROW(opened(w), f.get_pos(&w.number), "tell: 256 -1; -: 0 0"),
     ROW(opened(w), f.get_line(w.text), "fill: 0; -: 1 [topology]"),
     ROW(opened(w), f.write(w.head), "write: 251; -: 0 scan=[hq]; mem: 251"),
@@ -296,14 +297,15 @@ const row rows[] = {
     ROW(, static_cast<int>(build_server_rr(w.text).length()), "-: 77; mem: 0"),
     ROW(w.text = "count = 00000000000000000000000000005", get_count(w.text, &w.count), "-: 0 5; mem: 259"),
     ROW(, w.cfg.load(), "open: 250 unable t 'unab; fill: 250 unable t 'unab; -: 0 23 ~; mem: 250 unable t 'unab | 250 'unab | +"),
-    ROW(read_cfg(w), w.cfg.set_server(2),
-        "open: 250 unable t | killed; permit: 251 i/o erro ~tmp= | killed ~tmp=; write: 251 i/o erro ~tmp= | killed ~tmp=; "
+    ROW((read_cfg(w), write_file(where + "brod.tmp", "left")), w.cfg.set_server(2),
+        "open: + | 250 unable t | killed; permit: 251 i/o erro ~tmp= | killed ~tmp=; write: 251 i/o erro ~tmp= | killed ~tmp=; "
         "write: 251 i/o erro ~tmp=WORK | killed ~tmp=; write: 251 i/o erro ~tmp=WORK | killed ~tmp=WORK; flush: 251 i/o erro "
         "~tmp=new | killed ~tmp=WORK; sync: 251 i/o erro ~tmp=new | killed ~tmp=new; close: 251 i/o erro ~tmp=new | killed "
         "~tmp=new; remove: + | 261 error ba ~bak=- ~tmp=new | killed ~tmp=new; rename: 261 error ba ~bak=- ~tmp=new | killed "
         "~bak=- ~tmp=new; rename: 261 error re; recovery [succeeded] ~bak=- ~tmp=new | 261 error re; recovery [failed] ~bak=~cfg "
         "~cfg=- ~tmp=new | killed ~bak=~cfg "
-        "~cfg=- ~tmp=new; -: 0 ~bak=~cfg ~cfg=new; mem: 250 unable t | 250 | 251 i/o erro ~tmp=WORK | 251 ~tmp=WORK"),
+        "~cfg=- ~tmp=new; -: 0 ~bak=~cfg ~cfg=new; mem: 250 unable t ~tmp=left | 250 ~tmp=left | 251 i/o erro ~tmp=WORK | 251 "
+        "~tmp=WORK"),
     ROW(read_cfg(w), (w.cfg.fill_vector(w.items), 0), "-: 0 **; mem: 0"),
     ROW(read_cfg(w), (w.cfg.show_all(), w.cfg.show(), 0), "-: 0 '//**; mem: +"),
     ROW((read_cfg(w), std::filesystem::remove(where + "brod.cfg")), scan_cfg::recover(w.text),
@@ -396,6 +398,32 @@ TEST(Faults, LeaveWhatIsPromised) {
                 }
             EXPECT_EQ(all + "-: " + untouched, front) << std::get<0>(r);
         }
+}
+
+const scenario first_use("first_use", [] {
+    set_variable("KTXPATH", where.c_str());
+    const bool apart = std::freopen("stderr.txt", "w", stderr);
+    const bool failed = with_fault(fault::once, true, std::atoi(std::getenv("n")), [] {
+        const memory_watch watch;
+        log_message(messages::MSG0001);
+        return watch.failed();
+    });
+    const bool placed = environment::kt_inst_path().text() == ustring(where.c_str());
+    std::printf("%d%s", !apart || failed || !placed, struck);
+});
+
+TEST(Faults, OfAFirstUseFailNothingElse) {
+    std::filesystem::create_directory(where);
+    int lost = 0, n = 0;
+    for (std::string outcome = "0memory"; outcome == "0memory";) {
+        set_variable("n", std::to_string(++n).c_str());
+        for (const std::string & name : {"ktx1.log"s, where + "ktx1.log"}) std::filesystem::remove(name);
+        outcome = run_scenario("first_use");
+        EXPECT_EQ(outcome.find('0'), 0U) << outcome;
+        lost += (read_text(where + "ktx1.log") + read_text("stderr.txt")).find(" MSG0001") == std::string::npos;
+        EXPECT_EQ(read_text("ktx1.log"), "(no file)") << n;
+    }
+    EXPECT_EQ(lost, 1); // where there is no stream
 }
 
 TEST(Faults, OfTheLogLeaveTheCallAlone) {

@@ -196,7 +196,8 @@ ustring & ustring::splice(unsigned pos, unsigned removed, const char16_t * text,
     }
     ustring result;
     const bool grows = n < total; // a text that is added to is added to again
-    const std::size_t room = grows && total > capacity_ ? std::max(total, std::size_t{capacity_} * 2) : total;
+    const std::size_t doubled = std::min<std::size_t>(std::size_t{capacity_} * 2, longest);
+    const std::size_t room = grows && total > capacity_ ? std::max(total, doubled) : total;
     if (!result.reserve(room))
         return *this;
     copy_units(result.units_, units_, pos);

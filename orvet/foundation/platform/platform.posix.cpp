@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cinttypes>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
@@ -82,8 +83,11 @@ int close_stream(std::FILE * stream)
 
 std::size_t write_through(std::FILE * stream, const char * bytes, std::size_t size)
 {
-    // An empty buffer would only take a copy ahead of the same call.
-    const int file = stream->_IO_write_ptr == stream->_IO_write_base ? fileno(stream) : -1;
+    // The buffer of a stream of which the runtime keeps nothing, neither bytes nor a position, would only
+    // take a copy ahead of the same call.
+    const bool bare = stream->_IO_write_ptr == stream->_IO_write_base &&
+                      stream->_IO_read_ptr == stream->_IO_read_end && stream->_offset < 0;
+    const int file = bare ? fileno(stream) : -1;
     const ssize_t taken = file >= 0 ? write(file, bytes, size) : 0;
     std::size_t done = taken > 0 ? static_cast<std::size_t>(taken) : 0;
     if (done < size) {
@@ -148,7 +152,16 @@ const char print_command[] = "cat";
 int run_command(const ustring & line)
 {
     const char * const text = native(line);
+    // A process that was started with its children ignored would learn nothing of how they end.
+    struct sigaction before;
+    const bool ignored = sigaction(SIGCHLD, nullptr, &before) == 0 && before.sa_handler == SIG_IGN;
+    if (ignored)
+        std::signal(SIGCHLD, SIG_DFL);
     const int status = text ? std::system(text) : -1;
+    const int error = errno;
+    if (ignored)
+        sigaction(SIGCHLD, &before, nullptr);
+    errno = error;
     if (status == -1)
         return -1;
     return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
