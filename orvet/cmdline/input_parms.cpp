@@ -1,8 +1,8 @@
 #include "orvet/cmdline/input_parms.h"
 
-#include <cctype>
 #include <utility>
 
+#include "orvet/foundation/base/ascii.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/name_list.h"
 #include "orvet/foundation/base/number.h"
@@ -181,7 +181,7 @@ ustring option_text(const char * name)
 void lower_in_place(char * word)
 {
     for (; *word; ++word)
-        *word = static_cast<char>(std::tolower(static_cast<unsigned char>(*word)));
+        *word = to_ascii_lower(*word);
 }
 
 } // namespace
@@ -280,20 +280,20 @@ int input_parms::ip(const char * name) const
 
 pathname & input_parms::ip_file_name()
 {
-    static pathname value;
-    return value;
+    static lasting<pathname> kept;
+    return kept.value;
 }
 
 ustring & input_parms::ip_base_cmd()
 {
-    static ustring value;
-    return value;
+    static lasting<ustring> kept;
+    return kept.value;
 }
 
 ustring & input_parms::ip_op_sys()
 {
-    static ustring value("UVX");
-    return value;
+    static lasting<ustring> kept("UVX");
+    return kept.value;
 }
 
 int & input_parms::ip_h_global()

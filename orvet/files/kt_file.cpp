@@ -1,6 +1,7 @@
 #include "orvet/files/kt_file.h"
 
 #include <cerrno>
+#include <cstring>
 #include <utility>
 
 #include "orvet/foundation/base/memory.h"
@@ -45,11 +46,14 @@ bool kt_file::refuse(const call_trace & trace) const
 /// can't be written to, since that would be at an unknown place.
 bool kt_file::turn_to(state direction)
 {
-    if (state_ == state::writing && direction == state::reading)
+    if (state_ == direction)
+        return true;
+    if (state_ == state::writing)
         lost_ = std::fflush(file_handle_) != 0 || lost_;
-    else if (state_ == state::reading && direction == state::writing &&
-             std::fseek(file_handle_, 0, SEEK_CUR) != 0)
+    else if (state_ == state::reading && platform::seek(file_handle_, 0, SEEK_CUR) != 0)
         return false;
+    if (both_ways_)
+        platform::end_lines_natively(file_handle_, direction == state::writing);
     state_ = direction;
     return true;
 }
@@ -86,6 +90,7 @@ short kt_file::open(const char * mode)
         return trace.fail(code::open_failed);
     }
     state_ = state::opened;
+    both_ways_ = std::strchr(mode, '+') && !std::strpbrk(mode, "bt");
     if (const short rc = seek(0, SEEK_END)) {
         trace.fatal("Error seeking at the end of the file -->%s<--", file_path_);
         return trace.fail(rc);
@@ -123,14 +128,19 @@ short kt_file::seek(long offset, int origin)
     if (!check_open(trace))
         return trace.fail(code::not_open);
     trace.warning("seeking in %s file. offset is %d origin is %d", file_path_, offset, origin);
-    // Not every runtime's fseek tells of bytes that it could not write.
+    // Not every runtime tells of bytes that it could not write on this way.
     const bool flushed = state_ != state::writing || std::fflush(file_handle_) == 0;
-    if (!flushed || std::fseek(file_handle_, offset, origin) != 0) {
+    if (!flushed || platform::seek(file_handle_, offset, origin) != 0) {
         trace.error("Error seeking in file %s at offset %d from origin %d", file_path_, offset, origin);
         log_message(messages::MSG0019, file_path_, offset, origin);
         return trace.fail(code::seek_failed);
     }
     return trace.leave(code::success);
+}
+
+bool kt_file::error() const
+{
+    return state_ >= state::opened && std::ferror(file_handle_) != 0;
 }
 
 int kt_file::get_line(ustring & line)
@@ -188,7 +198,10 @@ short kt_file::get_pos(long * position)
     const call_trace trace("kt_file::get_pos");
     if (!check_open(trace))
         return trace.fail(code::not_open);
-    *position = std::ftell(file_handle_);
+    // Only behind a flush does every runtime know where a stream that appends stands.
+    if (state_ == state::writing)
+        lost_ = std::fflush(file_handle_) != 0 || lost_;
+    *position = platform::tell(file_handle_);
     if (*position < 0) {
         trace.fatal("Error getting the position of the file");
         return trace.fail(code::position_failed);

@@ -30,6 +30,9 @@ public:
     /// is still open is closed first, without a word. 250 when it can't be opened, a directory included; with
     /// 253 and 256, from measuring, the object is open and still has to be closed.
     short open(const char * mode);
+    /// True when reading or writing has failed on the stream since it was opened: what tells an end for that
+    /// reason from the end of the file.
+    bool error() const;
     /// Closes the stream; 0 also when none is open. After 252 the object stays open.
     short close();
     /// Moves to `offset` bytes from `origin`, a value of `fseek`. 253, also when what was written in front of
@@ -105,7 +108,8 @@ private:
     std::FILE * file_handle_ = nullptr; // from `opened` on
     long size_ = 0;
     state state_ = state::closed;
-    bool lost_ = false; // written bytes that a turn to reading could not get rid of
+    bool lost_ = false;      // written bytes that a flush on the way could not get rid of
+    bool both_ways_ = false; // opened for reading and writing of text
 };
 
 } // namespace orvet

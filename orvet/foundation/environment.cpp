@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "orvet/foundation/base/ascii.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/number.h"
 #include "orvet/foundation/call_trace.h"
@@ -29,6 +30,14 @@ int int_of(const char * variable, int otherwise)
     return value ? to_int(value) : otherwise;
 }
 
+/// Whether a text is that word, in any case.
+bool is_word(const char * text, const char * word)
+{
+    while (*word && to_ascii_lower(*text) == *word)
+        ++text, ++word;
+    return *text == *word;
+}
+
 /// A setting as it was first read: read again where there was no memory for it.
 template <class Value>
 class kept {
@@ -38,14 +47,14 @@ public:
     {
         if (!whole_) {
             memory_watch watch;
-            value_ = Value(read());
+            lasting_.value = Value(read());
             whole_ = !watch.failed();
         }
-        return value_;
+        return lasting_.value;
     }
 
 private:
-    Value value_;
+    lasting<Value> lasting_;
     bool whole_ = false;
 };
 
@@ -77,10 +86,9 @@ const char * environment::get_remove_temp_files()
     const char * const wish = std::getenv("ktxrmtf");
     if (!wish)
         return "no";
-    const ustring word = ustring(wish).to_lower();
-    if (word == "yes")
+    if (is_word(wish, "yes"))
         return "yes";
-    if (word != "no")
+    if (!is_word(wish, "no"))
         console_message(messages::MSGI0003, "ktxrmtf", wish, "no");
     return "no";
 }

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <ctime>
 #include <limits>
+#include <utility>
 
 #include "orvet/foundation/base/bounded_writer_internal.h"
 #include "orvet/foundation/base/memory.h"
@@ -97,7 +98,7 @@ stdio_trace_stream::stdio_trace_stream(const char * file_name)
         path += file_name;
     else
         path = file_name;
-    stream_ = watch.failed() ? nullptr : platform::open_stream(path.text(), "a+");
+    stream_ = watch.failed() ? nullptr : platform::open_stream(path.text(), "a+t");
     if (!stream_) {
         stream_ = stderr;
         std::fprintf(stderr, "Could not open trace file ->%s<-, logging on stderr\n", path.mbcs_str());
@@ -112,7 +113,7 @@ stdio_trace_stream::~stdio_trace_stream()
 
 int stdio_trace_stream::writeline(const char * line)
 {
-    if (!stream_)
+    if (!stream_ || !line)
         return -1;
     const std::size_t length = std::strlen(line);
     return platform::write_through(stream_, line, length) == length ? static_cast<int>(length) : -1;
@@ -127,8 +128,7 @@ void trace::set_level(work_area & wa, int level)
 void trace::set_stream(work_area & wa, trace_stream * stream)
 {
     if (wa.stream != stream)
-        delete wa.stream;
-    wa.stream = stream;
+        delete std::exchange(wa.stream, stream);
 }
 
 void trace::write_current_time(work_area & wa)
@@ -145,7 +145,7 @@ char * trace::internal_write_text(const char * format, ...)
 {
     std::va_list arguments;
     va_start(arguments, format);
-    char * const text = format_message(format, arguments);
+    char * const text = format_message(format ? format : "", arguments);
     va_end(arguments);
     return text;
 }

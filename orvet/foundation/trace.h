@@ -15,7 +15,8 @@ enum class severity { call = 0, info = 1, warning = 2, error = 3, fatal = 4 };
 class ORVET_API trace_stream {
 public:
     virtual ~trace_stream() = default;
-    /// Takes one whole line, its line feed included. Gives the bytes written, negative after a failure.
+    /// Takes one whole line, its line feed included. Gives the bytes written, negative after a failure. Calls
+    /// nothing of the library that writes on the same channel: that would come back here without end.
     virtual int writeline(const char * line) = 0;
 };
 

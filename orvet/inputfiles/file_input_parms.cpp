@@ -204,9 +204,11 @@ short file_input_parms::read_sections(const call_trace & trace, kt_file & input,
     for (;;) {
         memory_watch watch;
         ++line_number_;
-        if (!input.get_line(line_)) {
+        const bool read = input.get_line(line_) != 0;
+        const bool lost = watch.failed() || input.error();
+        if (!read || lost) {
             line_.remove(0);
-            if (watch.failed())
+            if (lost)
                 return refuse();
             line_number_ = 0;
             if (!builder.end(trace))

@@ -29,8 +29,8 @@ public:
     /// `sections_separator` is what separator lines begin with, up to its "=" in upper case; it has to begin
     /// with a keyword of the record, since the line is the section's first. `sections` is not 0. Stops at the
     /// first error: a code of `kt_file::open`; 100 and 101, a line that the record refuses; 102, a section
-    /// that does not pass the record's `validate`, an unknown `file_type` or no memory; 18 for 0 `sections`
-    /// and for a fifth section of agents. What was read before an error stays.
+    /// that does not pass the record's `validate`, an unknown `file_type`, a read error or no memory; 18 for
+    /// 0 `sections` and for a fifth section of agents. What was read before an error stays.
     short get_fips(const pathname & file, int sections, const char * sections_separator, int file_type);
 
     /// The number of agent records and one, as `get_fips` has counted them: 0 before a file was opened, 1 for

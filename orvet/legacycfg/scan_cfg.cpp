@@ -197,14 +197,15 @@ int scan_cfg::set_server(int n)
         return fail(code::no_server, "invalid server number [%d]: valid range is [1..%d]", n, server_count_);
     const neighbours files(cfg_file_);
     if (files.usable()) {
+        // One that was left behind may be read-only, somebody else's, or a link.
+        if (platform::is_file(files.temporary))
+            platform::remove_file(files.temporary);
         cfg_stream_ = platform::open_stream(files.temporary, "w");
-        // One that was left behind has the permissions of a file that may be read alone.
-        if (!cfg_stream_ && errno == EACCES && platform::remove_file(files.temporary) == 0)
-            cfg_stream_ = platform::open_stream(files.temporary, "w");
     }
     if (!cfg_stream_)
         return fail(code::open_failed, "unable to open tempfile [%s]", files.temporary);
-    if (!write_new_text(static_cast<unsigned>(n - 1)))
+    // A device takes everything, and is no file to be put in the place of one.
+    if (!write_new_text(static_cast<unsigned>(n - 1)) || !platform::is_file(files.temporary))
         return fail(code::write_failed, "i/o error writing file [%s]", files.temporary);
     return replace_file(files.temporary, files.backup);
 }

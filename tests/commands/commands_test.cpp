@@ -105,6 +105,9 @@ TEST(Command, GivesExitValueAndStreams) {
         EXPECT_EQ(printed_by([&] { std::printf("first "), brod.exec_brod_cmd(0, 1); }), std::string("first ") + out);
     }
     EXPECT_TRUE(ignore_children(false));
+    test_command brod("exit 3 ");
+    const std::string said = told([&] { return brod.exec_brod_cmd(1, 1); }, 3);
+    EXPECT_NE(said.find("rc 3, errno = 0\n"), std::string::npos) << said;
 }
 // clang-format on
 const scenario clean("clean", [] {

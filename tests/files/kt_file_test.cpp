@@ -37,8 +37,9 @@ TEST(KtFile, OpensMeasuresAndCloses) {
 TEST(KtFile, TellsWhatCantBeOpened) {
     std::filesystem::create_directories("folder");
     write_file("ten.txt", "0123456789");
-    const std::pair<std::string, std::string> cases[] = {{"missing.txt", "r"}, {"folder", "r"},     {"folder", "w"}, {"", "r"},
-                                                         {"missing.txt", ""},  {"missing.txt", "?"}};
+    const std::pair<std::string, std::string> cases[] = {
+        {"missing.txt", "r"}, {"folder", "r"},      {"folder", "w"},   {"", "r"},
+        {"missing.txt", ""},  {"missing.txt", "?"}, {"ten.txt", "wx"}, {"ten.txt", "r,ccs=UTF-8"}};
     for (const auto & [name, mode] : cases) {
         kt_file file(pathname("ten.txt"));
         EXPECT_EQ(file.open("r"), 0);
@@ -52,6 +53,7 @@ TEST(KtFile, TellsWhatCantBeOpened) {
                       "250");
         EXPECT_EQ(file.file_size(), 0);
     }
+    EXPECT_EQ(read_file("ten.txt"), "0123456789");
 }
 
 TEST(KtFile, SaysWhenItIsNotOpen) {
@@ -108,6 +110,28 @@ TEST(KtFile, Writes) {
               "T[F] kt_file::write(b,s) error writing to file out.bin. written is 0, errno is N\n"
               "L MSG0018 [F] Error writing to file out.bin. Written bytes were 0, to write 3.\n251");
     EXPECT_EQ(file.close(), 0); // told already
+}
+
+TEST(KtFile, KnowsItsPlace) {
+    const long feed = native("/") == "/" ? 1 : 2;
+    const std::tuple<const char *, std::string, long, std::string> cases[] = {
+        {"r+", "AB", 14, "line0\nline1\nABne2\n"}, {"a+", "A\n", 19 + feed, "line0\nline1\nline2\nA\n"}};
+    for (const auto & [mode, written, place, text] : cases) {
+        write_file("text.txt", "line0\nline1\nline2\n");
+        kt_file file(pathname("text.txt"));
+        ustring line;
+        long at = 0;
+        EXPECT_EQ(sum({file.open(mode), file.get_line(line), file.seek(-1, SEEK_SET), file.get_line(line)}), 255);
+        EXPECT_TRUE(file.get_pos(&at) == 0 && at == 12 && line == ustring("line1") && !file.error());
+        EXPECT_EQ(sum({file.write(written.c_str(), static_cast<unsigned>(written.size())), file.get_pos(&at)}), 0);
+        EXPECT_EQ(at + file.close(), place);
+        EXPECT_EQ(read_text("text.txt"), text);
+    }
+    write_file("large.txt", "");
+    std::filesystem::resize_file("large.txt", 5368709126U);
+    kt_file large(pathname("large.txt"));
+    EXPECT_EQ(sum({large.open("r"), large.close()}), sizeof(long) == 8 ? 0 : 256);
+    std::filesystem::remove("large.txt");
 }
 
 TEST(KtFile, MovesAndRemoves) {

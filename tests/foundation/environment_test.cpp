@@ -45,7 +45,14 @@ const scenario unset_paths("unset_paths", [] {
         std::printf("%u", path->text().length());
 });
 
+const scenario at_the_end("at_the_end", [] {
+    std::atexit([] { std::printf("%s%s", environment::kt_inst_path().mbcs_str(), input_parms::ip_base_cmd().mbcs_str()); });
+    environment::kt_inst_path();
+    input_parms::ip_base_cmd() = " and a command, for whoever comes last";
+});
+
 TEST(Environment, UnsetPathsAreToldOnceByThePlainForms) {
     EXPECT_EQ(run_scenario("unset_paths"), no_ktxpath + no_ktxpath + no_brdcfg + wrong("x") + no_ktxwork + "00");
+    EXPECT_EQ(run_scenario("at_the_end"), test_directory().string() + " and a command, for whoever comes last");
 }
 } // namespace

@@ -81,6 +81,8 @@ void keep_crashes_quiet();
 unsigned long process_number();
 /// Prints the name of each file that this process holds open besides its standard streams, a line each.
 void print_open_files();
+/// The file's list of users who get at it, empty where there is none; `give` makes one.
+std::string access_list(const char * file, bool give);
 /// Has the process ignore how its children end, or not; true when it did so before.
 bool ignore_children(bool wish);
 /// A command that signal 9 ends; null where there are no signals.

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include <sys/resource.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include "support.h"
@@ -23,6 +24,15 @@ void print_open_files() {
         if (!gone && std::stoi(entry.path().filename()) > 2)
             std::printf("%s\n", file.filename().c_str());
     }
+}
+std::string access_list(const char * file, bool give) {
+    constexpr char name[] = "system.posix_acl_access";
+    // Its version, then kind and rights, and whose: the owner, user 1, the group, the most that those get, others.
+    constexpr unsigned list[] = {2, 0x60001, ~0U, 0x40002, 1, 0x4, ~0U, 0x40010, ~0U, 0x20, ~0U};
+    if (give)
+        setxattr(file, name, list, sizeof list, 0);
+    char room[200];
+    return {room, static_cast<std::size_t>(std::max<ssize_t>(getxattr(file, name, room, sizeof room), 0))};
 }
 bool ignore_children(bool wish) { return std::signal(SIGCHLD, wish ? SIG_IGN : SIG_DFL) == SIG_IGN; }
 const char * const killed_command = "kill -9 $$";

@@ -82,7 +82,7 @@ SEAM(std::size_t, line, PLATFORM "13write_throughEP" STREAM "PKc" SIZE_CODE, (st
 }
 SEAM(bool, equals, "_ZNK5orvet7ustring6equalsERKS0_", (const ustring & a, const ustring & b)) { return ++asked.comparisons, real_equals(a, b); }
 FAULTY(int, flush, "fflush", (std::FILE * stream), (stream), (real_flush(stream), EOF))
-FAULTY(long, tell, "ftell", (std::FILE * stream), (stream), -1)
+FAULTY(long, tell, PLATFORM "4tellEP" STREAM, (std::FILE * stream), (stream), -1)
 SEAM(int, seek, "fseek", (std::FILE * stream, long offset, int origin)) {
     const int result = strikes("seek") ? -1 : real_seek(stream, offset, origin); // where a runtime keeps some, no read would fill
     return result != 0 || platform::unread(stream).begin == platform::unread(stream).end ? result : real_flush(stream);
@@ -263,13 +263,13 @@ const row rows[] = {
         "fill: 260; tell: 256 @-1@0@0; tell: 256 @137@-1@0; tell: 256 @137@173@-1; -: 0 @137@173@191; mem: 260 @137@0@0 | "
         "258 @137@173@0 | 258 | 258 @137@0@0 | +"),
     ROW(from(w, "agents"), w.fips.get_fips(w.path, 1, "TARGET=", 1),
-        "open: 250; seek: 253; tell: 256; fill: 102 0/1; -: 0 0/2; mem: 250 | 102 0/2 | 100 0/2 | +"),
+        "open: 250; seek: 253; tell: 256; fill: 102 0/1; fill: 102 0/2; -: 0 0/2; mem: 250 | 102 0/2 | 100 0/2 | +"),
     ROW(from(w, "profiles"), w.fips.get_fips(w.path, 1, "PROFILE NAME=", 2),
-        "open: 250; seek: 253; tell: 256; fill: 0 1/1; -: 0 2/1; mem: 250 | 102 0/1 | 100 0/1 | 102 1/1 | +"),
+        "open: 250; seek: 253; tell: 256; fill: 102 0/1; fill: 102 1/1; -: 0 2/1; mem: 250 | 102 0/1 | 100 0/1 | 102 1/1 | +"),
     ROW(from(w, "users"), w.fips.get_fips(w.path, 1, "USER=", 3),
         "open: 250; seek: 253; tell: 256; fill: 102 0/1; -: 0 1/1; mem: 250 | 102 0/1 | 100 0/1 | +"),
     ROW(failed(w), w.fips.get_fips(w.path, 1, w.fips.error_text().mbcs_str(), 2),
-        "open: 250; seek: 253; tell: 256; -: 0 1/1; mem: 102 | 250 | 102 0/1 | 100 0/1 | +"),
+        "open: 250; seek: 253; tell: 256; fill: 102 0/1; -: 0 1/1; mem: 102 | 250 | 102 0/1 | 100 0/1 | +"),
     ROW(w.text.insert(0, "server_name = MOUNT_POINT="), w.agent.set(w.text), "-: 0 1MOUNT_POINT=~; mem: 100"),
     ROW(w.text.insert(0, "send="), w.profile.set(w.text), "-: 0 1~; mem: 100"),
     ROW(w.text.insert(0, "USER="), w.user.set(w.text), "-: 0 1~; mem: 100"),
@@ -298,14 +298,14 @@ const row rows[] = {
     ROW(w.text = "count = 00000000000000000000000000005", get_count(w.text, &w.count), "-: 0 5; mem: 259"),
     ROW(, w.cfg.load(), "open: 250 unable t 'unab; fill: 250 unable t 'unab; -: 0 23 ~; mem: 250 unable t 'unab | 250 'unab | +"),
     ROW((read_cfg(w), write_file(where + "brod.tmp", "left")), w.cfg.set_server(2),
-        "open: + | 250 unable t | killed; permit: 251 i/o erro ~tmp= | killed ~tmp=; write: 251 i/o erro ~tmp= | killed ~tmp=; "
-        "write: 251 i/o erro ~tmp=WORK | killed ~tmp=; write: 251 i/o erro ~tmp=WORK | killed ~tmp=WORK; flush: 251 i/o erro "
-        "~tmp=new | killed ~tmp=WORK; sync: 251 i/o erro ~tmp=new | killed ~tmp=new; close: 251 i/o erro ~tmp=new | killed "
-        "~tmp=new; remove: + | 261 error ba ~bak=- ~tmp=new | killed ~tmp=new; rename: 261 error ba ~bak=- ~tmp=new | killed "
-        "~bak=- ~tmp=new; rename: 261 error re; recovery [succeeded] ~bak=- ~tmp=new | 261 error re; recovery [failed] ~bak=~cfg "
-        "~cfg=- ~tmp=new | killed ~bak=~cfg "
-        "~cfg=- ~tmp=new; -: 0 ~bak=~cfg ~cfg=new; mem: 250 unable t ~tmp=left | 250 ~tmp=left | 251 i/o erro ~tmp=WORK | 251 "
-        "~tmp=WORK"),
+        "is_file: + | 250 unable t ~tmp=left | killed ~tmp=left; remove: + | 250 unable t | killed ~tmp=left; open: 250 unable"
+        " t | killed; permit: 251 i/o erro ~tmp= | killed ~tmp=; write: 251 i/o erro ~tmp= | killed ~tmp=; write: 251 i/o erro"
+        " ~tmp=WORK | killed ~tmp=; write: 251 i/o erro ~tmp=WORK | killed ~tmp=WORK; flush: 251 i/o erro ~tmp=new | killed "
+        "~tmp=WORK; sync: 251 i/o erro ~tmp=new | killed ~tmp=new; close: 251 i/o erro ~tmp=new | killed ~tmp=new; is_file: "
+        "251 i/o erro ~tmp=new | killed ~tmp=new; remove: + | 261 error ba ~bak=- ~tmp=new | killed ~tmp=new; rename: 261 "
+        "error ba ~bak=- ~tmp=new | killed ~bak=- ~tmp=new; rename: 261 error re; recovery [succeeded] ~bak=- ~tmp=new | 261 "
+        "error re; recovery [failed] ~bak=~cfg ~cfg=- ~tmp=new | killed ~bak=~cfg ~cfg=- ~tmp=new; -: 0 ~bak=~cfg ~cfg=new; "
+        "mem: 250 unable t ~tmp=left | 250 ~tmp=left | 251 i/o erro ~tmp=WORK | 251 ~tmp=WORK"),
     ROW(read_cfg(w), (w.cfg.fill_vector(w.items), 0), "-: 0 **; mem: 0"),
     ROW(read_cfg(w), (w.cfg.show_all(), w.cfg.show(), 0), "-: 0 '//**; mem: +"),
     ROW((read_cfg(w), std::filesystem::remove(where + "brod.cfg")), scan_cfg::recover(w.text),
@@ -359,7 +359,8 @@ std::string run(const row & r, fault kind, bool memory, int n, const std::string
 }
 const scenario killed("set_server", [] {
     world w;
-    read_cfg(w), with_fault(fault::death, false, std::atoi(std::getenv("n")), [&] { return w.cfg.set_server(2); });
+    read_cfg(w), write_file(where + "brod.tmp", "left");
+    with_fault(fault::death, false, std::atoi(std::getenv("n")), [&] { return w.cfg.set_server(2); });
 });
 
 TEST(Faults, LeaveWhatIsPromised) {
@@ -433,6 +434,22 @@ TEST(Faults, OfTheLogLeaveTheCallAlone) {
     EXPECT_EQ(with_fault(fault::from_then_on, false, 1, [&] { return missing.seek(0, SEEK_SET); }), 255);
     EXPECT_STREQ(struck, "write");
     trace::set_stream(orvet::log::wa(), nullptr);
+}
+
+const scenario few_streams("few_streams", [] {
+    std::fclose(stdin);
+    for (const char * name : {"/dev/null", "few.txt"}) {
+        std::FILE * const stream = platform::open_stream(name, "w");
+        std::setvbuf(stream, nullptr, _IONBF, 0); // as the runtime does where memory is short
+        std::printf("%d%d", fileno(stream) > 2, platform::sync_stream(stream));
+        std::printf("%d ", platform::close_stream(stream));
+    }
+});
+
+TEST(Streams, KeepApartFromTheStandardOnes) {
+    if (native("/") == "\\")
+        GTEST_SKIP() << "their numbers stay taken here";
+    EXPECT_EQ(run_scenario("few_streams"), "100 100 ");
 }
 
 /// Counted, so that no clock has to tell.

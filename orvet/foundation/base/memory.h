@@ -64,6 +64,18 @@ T * make(Args &&... args)
     return object;
 }
 
+/// Holds what is never destroyed: statics that may still be asked for while others go, at the process's end.
+template <class T>
+union lasting {
+    template <class... Args>
+    explicit lasting(Args &&... args) : value(std::forward<Args>(args)...)
+    {
+    }
+    ~lasting() {}
+
+    T value;
+};
+
 } // namespace orvet
 
 #endif

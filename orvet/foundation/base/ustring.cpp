@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "orvet/foundation/base/ascii.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/utf8.h"
 #include "orvet/foundation/platform/platform.h"
@@ -18,19 +19,9 @@ namespace {
 // Far below what an unsigned holds, so that sums of two lengths never wrap.
 constexpr std::size_t longest = std::numeric_limits<unsigned>::max() / 4;
 
-constexpr char16_t upper(char16_t unit)
-{
-    return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - u'a' + u'A') : unit;
-}
-
-constexpr char16_t lower(char16_t unit)
-{
-    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
-}
-
 constexpr bool same(char16_t a, char16_t b, int flag)
 {
-    return a == b || (flag != 0 && lower(a) == lower(b));
+    return a == b || (flag != 0 && to_ascii_lower(a) == to_ascii_lower(b));
 }
 
 void copy_units(char16_t * to, const char16_t * from, std::size_t n)
@@ -261,12 +252,12 @@ ustring & ustring::change_case(unsigned pos, unsigned n, Change change)
 
 ustring & ustring::to_upper(unsigned pos, unsigned n)
 {
-    return change_case(pos, n, upper);
+    return change_case(pos, n, to_ascii_upper<char16_t>);
 }
 
 ustring & ustring::to_lower(unsigned pos, unsigned n)
 {
-    return change_case(pos, n, lower);
+    return change_case(pos, n, to_ascii_lower<char16_t>);
 }
 
 ustring & ustring::strip(int type, char16_t ch)
@@ -331,7 +322,7 @@ int ustring::compare(unsigned pos1, unsigned n1, const ustring & other, unsigned
         const char16_t a = units_[pos1 + i];
         const char16_t b = other.units_[pos2 + i];
         if (!same(a, b, flag))
-            return (flag != 0 ? lower(a) < lower(b) : a < b) ? -1 : 1;
+            return (flag != 0 ? to_ascii_lower(a) < to_ascii_lower(b) : a < b) ? -1 : 1;
     }
     return count1 == count2 ? 0 : count1 < count2 ? -1 : 1;
 }
@@ -340,6 +331,7 @@ bool ustring::begins_with(const char * ascii) const noexcept
 {
     // The closing zero of the units stops a text that is shorter than what is looked for.
     const char16_t * at = units_;
+    ascii = ascii ? ascii : "";
     while (*ascii && *at == static_cast<unsigned char>(*ascii))
         ++at, ++ascii;
     return *ascii == 0;

@@ -56,12 +56,20 @@ inline read_ahead look_ahead(std::FILE * stream)
     return unread(stream);
 }
 
-/// Opens a file as `fopen` does, but refuses directories, and no command that the process runs inherits the
-/// stream. A stream for reading alone, with neither "b" nor "t" in its mode, reads bytes. One that reads may
-/// have a large buffer, which lasts as long as the stream: `close_stream` releases both.
+/// Opens a file as `fopen` does, but refuses directories and encodings, takes no number of a standard stream,
+/// and no command that the process runs inherits the stream. One that reads, with neither "b" nor "t" in its
+/// mode, is a stream of bytes, until `end_lines_natively`. It may have a large buffer, which lasts as long as
+/// the stream: `close_stream` releases both.
 std::FILE * open_stream(const ustring & path, const char * mode);
 /// Closes a stream of `open_stream`, as `fclose` does.
 int close_stream(std::FILE * stream);
+/// `fseek`; after a failure the stream stands where it was.
+int seek(std::FILE * stream, long offset, int origin);
+/// `ftell`; -1 also for a position that a long can't hold.
+long tell(std::FILE * stream);
+/// Has lines that are written from now on end as the system's do, or else bytes come as they are. Nothing may
+/// wait in the stream's buffer.
+void end_lines_natively(std::FILE * stream, bool wish);
 /// Writes as `fwrite` does, with its result, and flushes.
 std::size_t write_through(std::FILE * stream, const char * bytes, std::size_t size);
 /// Removes a file, never a directory. 0 for success.

@@ -12,6 +12,7 @@
 #include <malloc.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include "orvet/foundation/base/memory.h"
@@ -38,6 +39,34 @@ const char * native(const ustring & text)
 constexpr std::size_t buffer_size = 65536;
 constexpr int foreign_buffer = 1; // the flag of a stream whose buffer the runtime does not release
 
+/// The same stream by a number of its own: one of a standard stream that is shut would get what is printed.
+std::FILE * beyond_standard(std::FILE * stream, const char * mode)
+{
+    const int file = fcntl(fileno(stream), F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    std::FILE * const moved = file >= 0 ? fdopen(file, mode) : nullptr;
+    const int error = errno;
+    if (file >= 0 && !moved)
+        close(file);
+    std::fclose(stream);
+    errno = error;
+    return moved;
+}
+
+/// Gives `file` the access list of the file `name`, or takes away what its directory gave. 1 when it got one,
+/// -1 when it could not.
+int copy_access_list(const char * name, int file)
+{
+    constexpr char key[] = "system.posix_acl_access";
+    char list[4096];
+    const ssize_t size = getxattr(name, key, list, sizeof list);
+    if (size > 0)
+        return fsetxattr(file, key, list, static_cast<std::size_t>(size), 0) == 0 ? 1 : -1;
+    if (errno == ERANGE)
+        return -1;
+    fremovexattr(file, key);
+    return 0;
+}
+
 } // namespace
 
 void fill(std::FILE * stream)
@@ -48,7 +77,7 @@ void fill(std::FILE * stream)
 
 std::FILE * open_stream(const ustring & path, const char * mode)
 {
-    if (!mode || !*mode) {
+    if (!mode || !*mode || std::strchr(mode, ',')) { // behind a comma stands an encoding, of wide characters
         errno = EINVAL;
         return nullptr;
     }
@@ -57,7 +86,9 @@ std::FILE * open_stream(const ustring & path, const char * mode)
         return nullptr;
     char closed_on_exec[64];
     std::snprintf(closed_on_exec, sizeof closed_on_exec, "%ce%s", *mode, mode + 1);
-    std::FILE * const stream = std::fopen(name, closed_on_exec);
+    std::FILE * stream = std::fopen(name, closed_on_exec);
+    if (stream && fileno(stream) <= STDERR_FILENO)
+        stream = beyond_standard(stream, mode);
     struct stat status;
     if (stream && fstat(fileno(stream), &status) == 0 && S_ISDIR(status.st_mode)) {
         std::fclose(stream);
@@ -73,12 +104,28 @@ std::FILE * open_stream(const ustring & path, const char * mode)
 
 int close_stream(std::FILE * stream)
 {
-    char * const buffer = stream->_flags & foreign_buffer ? stream->_IO_buf_base : nullptr;
+    // For want of memory the runtime takes a byte of the stream itself.
+    const bool foreign = stream->_flags & foreign_buffer && stream->_IO_buf_base != stream->_shortbuf;
+    char * const buffer = foreign ? stream->_IO_buf_base : nullptr;
     const int result = std::fclose(stream);
     const int error = errno;
     std::free(buffer);
     errno = error;
     return result;
+}
+
+int seek(std::FILE * stream, long offset, int origin)
+{
+    return std::fseek(stream, offset, origin);
+}
+
+long tell(std::FILE * stream)
+{
+    return std::ftell(stream);
+}
+
+void end_lines_natively(std::FILE *, bool)
+{
 }
 
 std::size_t write_through(std::FILE * stream, const char * bytes, std::size_t size)
@@ -136,6 +183,8 @@ int copy_permissions(const ustring & from, std::FILE * stream)
         (old_status.st_uid == status.st_uid && old_status.st_gid == status.st_gid) ||
         fchown(file, old_status.st_uid, old_status.st_gid) == 0 ||
         fchown(file, same_owner, old_status.st_gid) == 0;
+    if (const int listed = copy_access_list(name, file))
+        return listed > 0 ? 0 : -1;
     constexpr mode_t permissions = 0777;
     const bool same = ((old_status.st_mode ^ status.st_mode) & permissions) == 0;
     return same ? 0 : fchmod(file, old_status.st_mode & permissions);
@@ -154,13 +203,17 @@ int run_command(const ustring & line)
     const char * const text = native(line);
     // A process that was started with its children ignored would learn nothing of how they end.
     struct sigaction before;
-    const bool ignored = sigaction(SIGCHLD, nullptr, &before) == 0 && before.sa_handler == SIG_IGN;
+    const bool ignored = sigaction(SIGCHLD, nullptr, &before) == 0 &&
+                         (before.sa_handler == SIG_IGN || before.sa_flags & SA_NOCLDWAIT);
     if (ignored)
         std::signal(SIGCHLD, SIG_DFL);
     const int status = text ? std::system(text) : -1;
     const int error = errno;
-    if (ignored)
+    if (ignored) {
         sigaction(SIGCHLD, &before, nullptr);
+        while (waitpid(-1, nullptr, WNOHANG) > 0) // other ones that have ended meanwhile
+            continue;
+    }
     errno = error;
     if (status == -1)
         return -1;

@@ -5,7 +5,9 @@
 #include <cstring>
 #include <cwchar>
 #include <iterator>
+#include <limits>
 
+#include <fcntl.h>
 #include <io.h>
 #include <malloc.h>
 #include <windows.h>
@@ -83,23 +85,54 @@ void fill(std::FILE * stream)
 
 std::FILE * open_stream(const ustring & path, const char * mode)
 {
-    if (!mode || !*mode || !std::strchr("rwa", *mode)) {
+    if (!mode || !*mode || !std::strchr("rwa", *mode) || std::strchr(mode, ',')) {
         errno = EINVAL;
         return nullptr;
     }
+    const native_text name(path);
+    if (std::strchr(mode, 'x') && name.wide && _waccess(name.wide, 0) == 0) { // which this runtime ignores
+        errno = EEXIST;
+        return nullptr;
+    }
     // "N" keeps the handle from commands. In text mode this runtime tells wrong positions in a file with bare
-    // line feeds, so plain reading is reading of bytes.
-    const bool as_bytes = *mode == 'r' && !std::strpbrk(mode, "bt+");
+    // line feeds, so reading is reading of bytes.
+    const bool as_bytes = std::strpbrk(mode, "r+") && !std::strpbrk(mode, "bt");
     wchar_t native_mode[64];
     _snwprintf(native_mode, std::size(native_mode), L"%cN%hs%hs", *mode, as_bytes ? "b" : "", mode + 1);
     native_mode[std::size(native_mode) - 1] = 0;
-    const native_text name(path);
     return name.wide ? _wfopen(name.wide, native_mode) : nullptr;
 }
 
 int close_stream(std::FILE * stream)
 {
     return std::fclose(stream);
+}
+
+int seek(std::FILE * stream, long offset, int origin)
+{
+    // This runtime gives up what it has read ahead before it finds that there is no such place.
+    const long long from = origin == SEEK_END   ? _filelengthi64(_fileno(stream))
+                           : origin == SEEK_CUR ? _ftelli64(stream)
+                                                : 0;
+    if (origin < SEEK_SET || origin > SEEK_END || (offset < 0 && from + offset < 0)) {
+        errno = EINVAL;
+        return -1;
+    }
+    return std::fseek(stream, offset, origin);
+}
+
+long tell(std::FILE * stream)
+{
+    const long long position = _ftelli64(stream);
+    if (position <= std::numeric_limits<long>::max())
+        return static_cast<long>(position);
+    errno = EOVERFLOW;
+    return -1;
+}
+
+void end_lines_natively(std::FILE * stream, bool wish)
+{
+    _setmode(_fileno(stream), wish ? _O_TEXT : _O_BINARY);
 }
 
 std::size_t write_through(std::FILE * stream, const char * bytes, std::size_t size)
@@ -174,7 +207,10 @@ const char print_command[] = "type";
 int run_command(const ustring & line)
 {
     const native_text text(line);
-    return text.wide ? _wsystem(text.wide) : -1;
+    const int result = text.wide ? _wsystem(text.wide) : -1;
+    if (result != -1) // the number may tell of a search for the shell
+        errno = 0;
+    return result;
 }
 
 unsigned long last_error()
