@@ -197,8 +197,8 @@ int scan_cfg::set_server(int n)
         return fail(code::no_server, "invalid server number [%d]: valid range is [1..%d]", n, server_count_);
     const neighbours files(cfg_file_);
     if (files.usable()) {
-        // One that was left behind may be read-only, somebody else's, or a link.
-        if (platform::is_file(files.temporary))
+        // One that was left behind may be read-only, somebody else's, or a link, to nothing for one.
+        if (platform::is_file(files.temporary) || !platform::exists(files.temporary))
             platform::remove_file(files.temporary);
         cfg_stream_ = platform::open_stream(files.temporary, "w");
     }

@@ -11,6 +11,7 @@ constexpr char no_number[] = "invalid server number [2]: valid range is [1..0]",
                no_second[] = "invalid server number [2]: valid range is [1..1]";
 constexpr char three[] = "SERVER: a \n \nserver: b\n x\nserver:c", last_first[] = "x\nserver:c\nSERVER: a\nserver: b\n";
 
+std::error_code gone; // of a system without links
 const struct {
     const char * path, * text; // null for no file
     int n, set;
@@ -27,6 +28,7 @@ const struct {
     {file, two, 2, 0, "", "new|old|-|"},
     {file, two, 2, 250, no_temporary, "old|older|other|", [] { fs::create_directory("cfg/brod.tmp"); }},
     {file, two, 2, 250, no_temporary, "old|older|old|", [] { fs::create_hard_link("cfg/brod.cfg", "cfg/brod.tmp"); }},
+    {file, two, 2, 0, "", "new|old|-|", [] { fs::remove("cfg/brod.bak"), fs::create_symlink("brod.bak", "cfg/brod.tmp", gone); }},
     {file, two, 2, 261, no_backup, "old|other|new|",
      [] { fs::remove("cfg/brod.bak"), fs::create_directories("cfg/brod.bak/x"); }},
     {file, two, 2, 261, no_backup, "old|-|new|", [] {}, nullptr, "cfg/brod.cfg"},

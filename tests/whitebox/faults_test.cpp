@@ -298,7 +298,7 @@ const row rows[] = {
     ROW(w.text = "count = 00000000000000000000000000005", get_count(w.text, &w.count), "-: 0 5; mem: 259"),
     ROW(, w.cfg.load(), "open: 250 unable t 'unab; fill: 250 unable t 'unab; -: 0 23 ~; mem: 250 unable t 'unab | 250 'unab | +"),
     ROW((read_cfg(w), write_file(where + "brod.tmp", "left")), w.cfg.set_server(2),
-        "is_file: + | 250 unable t ~tmp=left | killed ~tmp=left; remove: + | 250 unable t | killed ~tmp=left; open: 250 unable"
+        "is_file: + | 250 unable t | killed ~tmp=left; remove: + | 250 unable t | killed ~tmp=left; open: 250 unable"
         " t | killed; permit: 251 i/o erro ~tmp= | killed ~tmp=; write: 251 i/o erro ~tmp= | killed ~tmp=; write: 251 i/o erro"
         " ~tmp=WORK | killed ~tmp=; write: 251 i/o erro ~tmp=WORK | killed ~tmp=WORK; flush: 251 i/o erro ~tmp=new | killed "
         "~tmp=WORK; sync: 251 i/o erro ~tmp=new | killed ~tmp=new; close: 251 i/o erro ~tmp=new | killed ~tmp=new; is_file: "

@@ -52,19 +52,18 @@ std::FILE * beyond_standard(std::FILE * stream, const char * mode)
     return moved;
 }
 
-/// Gives `file` the access list of the file `name`, or takes away what its directory gave. 1 when it got one,
-/// -1 when it could not.
-int copy_access_list(const char * name, int file)
+/// Gives `file` the access list and the permissions of the file `name`; a list that it has from its directory
+/// goes.
+int copy_access(const char * name, mode_t permissions, int file)
 {
     constexpr char key[] = "system.posix_acl_access";
     char list[4096];
     const ssize_t size = getxattr(name, key, list, sizeof list);
     if (size > 0)
-        return fsetxattr(file, key, list, static_cast<std::size_t>(size), 0) == 0 ? 1 : -1;
-    if (errno == ERANGE)
-        return -1;
-    fremovexattr(file, key);
-    return 0;
+        return fsetxattr(file, key, list, static_cast<std::size_t>(size), 0);
+    const bool has_none =
+        errno != ERANGE && (fremovexattr(file, key) == 0 || errno == ENODATA || errno == ENOTSUP);
+    return has_none ? fchmod(file, permissions) : -1;
 }
 
 } // namespace
@@ -177,17 +176,16 @@ int copy_permissions(const ustring & from, std::FILE * stream)
         return -1;
     if (!S_ISREG(status.st_mode))
         return 0;
+    constexpr mode_t permissions = 0777;
+    if (copy_access(name, old_status.st_mode & permissions, file) != 0)
+        return -1;
     // Whoever may not give a file away may still give it to a group of his own.
     const uid_t same_owner = static_cast<uid_t>(-1);
     [[maybe_unused]] const bool given =
         (old_status.st_uid == status.st_uid && old_status.st_gid == status.st_gid) ||
         fchown(file, old_status.st_uid, old_status.st_gid) == 0 ||
         fchown(file, same_owner, old_status.st_gid) == 0;
-    if (const int listed = copy_access_list(name, file))
-        return listed > 0 ? 0 : -1;
-    constexpr mode_t permissions = 0777;
-    const bool same = ((old_status.st_mode ^ status.st_mode) & permissions) == 0;
-    return same ? 0 : fchmod(file, old_status.st_mode & permissions);
+    return 0;
 }
 
 bool exists(const ustring & path)
@@ -201,19 +199,21 @@ const char print_command[] = "cat";
 int run_command(const ustring & line)
 {
     const char * const text = native(line);
-    // A process that was started with its children ignored would learn nothing of how they end.
+    // A process whose children are ignored, as whoever started it may have asked, learns nothing of their
+    // end.
     struct sigaction before;
     const bool ignored = sigaction(SIGCHLD, nullptr, &before) == 0 &&
                          (before.sa_handler == SIG_IGN || before.sa_flags & SA_NOCLDWAIT);
+    struct sigaction meanwhile = before;
+    meanwhile.sa_flags &= ~SA_NOCLDWAIT;
+    if (before.sa_handler == SIG_IGN)
+        meanwhile.sa_handler = SIG_DFL;
     if (ignored)
-        std::signal(SIGCHLD, SIG_DFL);
+        sigaction(SIGCHLD, &meanwhile, nullptr);
     const int status = text ? std::system(text) : -1;
     const int error = errno;
-    if (ignored) {
+    if (ignored)
         sigaction(SIGCHLD, &before, nullptr);
-        while (waitpid(-1, nullptr, WNOHANG) > 0) // other ones that have ended meanwhile
-            continue;
-    }
     errno = error;
     if (status == -1)
         return -1;

@@ -90,7 +90,8 @@ std::FILE * open_stream(const ustring & path, const char * mode)
         return nullptr;
     }
     const native_text name(path);
-    if (std::strchr(mode, 'x') && name.wide && _waccess(name.wide, 0) == 0) { // which this runtime ignores
+    const bool is_new = *mode != 'r' && std::strchr(mode, 'x'); // which this runtime ignores
+    if (is_new && name.wide && _waccess(name.wide, 0) == 0) {
         errno = EEXIST;
         return nullptr;
     }
@@ -111,10 +112,11 @@ int close_stream(std::FILE * stream)
 int seek(std::FILE * stream, long offset, int origin)
 {
     // This runtime gives up what it has read ahead before it finds that there is no such place.
-    const long long from = origin == SEEK_END   ? _filelengthi64(_fileno(stream))
-                           : origin == SEEK_CUR ? _ftelli64(stream)
-                                                : 0;
-    if (origin < SEEK_SET || origin > SEEK_END || (offset < 0 && from + offset < 0)) {
+    const long long here = _ftelli64(stream);
+    const long long from = origin == SEEK_SET   ? 0
+                           : origin == SEEK_CUR ? here
+                                                : _filelengthi64(_fileno(stream));
+    if (here < 0 || origin < SEEK_SET || origin > SEEK_END || (offset < 0 && from + offset < 0)) {
         errno = EINVAL;
         return -1;
     }
