@@ -41,6 +41,7 @@ TEST(Ustring, TakesItsOwnText) {
     EXPECT_EQ(text_of(text), "5678956789");
     EXPECT_STREQ((text = "ab").mbcs_str(), "ab");
     EXPECT_STREQ(text.to_upper(1).mbcs_str(), "aB");
+    EXPECT_EQ(text_of(ustring("@AZ[").to_lower()) + text_of(ustring("`az{").to_upper()), "@az[`AZ{");
     std::swap(text, text);
     EXPECT_TRUE(ustring(std::move(text)) == "aB" && text == "");
     EXPECT_EQ(sum({ustring("a = b").find(u" = ", 0, ustring::npos), ustring("a = b").find(u"", 5, 0)}), 6);
