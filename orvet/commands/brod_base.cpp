@@ -11,7 +11,7 @@
 #include "orvet/foundation/call_trace.h"
 #include "orvet/foundation/environment.h"
 #include "orvet/foundation/messages.h"
-#include "orvet/foundation/platform/platform.h"
+#include "orvet/foundation/platform/processes.h"
 #include "orvet/utilities/usprintf.h"
 
 namespace orvet {

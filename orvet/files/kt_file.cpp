@@ -2,14 +2,16 @@
 
 #include <cerrno>
 #include <cstring>
+#include <limits>
 #include <utility>
 
+#include "orvet/files/line_reader_internal.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/call_trace.h"
 #include "orvet/foundation/codes.h"
 #include "orvet/foundation/environment.h"
 #include "orvet/foundation/messages.h"
-#include "orvet/foundation/platform/platform.h"
+#include "orvet/foundation/platform/files.h"
 
 namespace orvet {
 
@@ -29,46 +31,75 @@ kt_file::kt_file(const ustring & file_name)
     trace.leave();
 }
 
-/// False, with the lines of the failure written, when there is no stream to work on.
-inline bool kt_file::check_open(const call_trace & trace) const
+kt_file::~kt_file()
 {
-    return state_ >= state::opened || refuse(trace);
+    delete reader_;
 }
 
-bool kt_file::refuse(const call_trace & trace) const
+/// False, after the lines of the failure, if there is no stream to work on.
+inline bool kt_file::check_open(const call_trace & trace) const
+{
+    return state_ >= state::opened || report_not_open(trace);
+}
+
+bool kt_file::report_not_open(const call_trace & trace) const
 {
     trace.fatal("file <%s> not open", file_path_);
     log_message(messages::MSG0001);
     return false;
 }
 
-/// Readies the stream for the other direction, as the runtime asks between reading and writing. False when it
-/// can't be written to, since that would be at an unknown place.
-bool kt_file::turn_to(state direction)
+bool kt_file::flush()
+{
+    const bool flushed = platform::flush(file_handle_) == 0;
+    failed_ = failed_ || !flushed;
+    return flushed;
+}
+
+/// `fseek` as the caller sees the position: the stream is ahead of it by what was read ahead.
+bool kt_file::move_to(long offset, int origin)
+{
+    const long ahead = origin == SEEK_CUR ? static_cast<long>(reader_->unread()) : 0;
+    if (offset < std::numeric_limits<long>::min() + ahead) {
+        errno = EINVAL;
+        return false;
+    }
+    if (platform::seek(file_handle_, offset - ahead, origin) != 0)
+        return false;
+    reader_->drop();
+    return true;
+}
+
+/// Readies the stream for the other direction, as the runtime requires between reading and writing. False if
+/// it must not be written to, since that would be at an unknown place.
+bool kt_file::switch_direction(state direction)
 {
     if (state_ == direction)
         return true;
     if (state_ == state::writing)
-        lost_ = std::fflush(file_handle_) != 0 || lost_;
-    else if (state_ == state::reading && platform::seek(file_handle_, 0, SEEK_CUR) != 0)
+        flush_failed_ = !flush() || flush_failed_;
+    else if (state_ == state::reading && !move_to(0, SEEK_CUR))
         return false;
-    if (both_ways_)
-        platform::end_lines_natively(file_handle_, direction == state::writing);
+    if (is_text_update_)
+        platform::set_text_mode(file_handle_, direction == state::writing);
     state_ = direction;
     return true;
 }
 
-/// Closes the stream, which stays alive when its last bytes can't be written. An error that an earlier
-/// operation has reported does not count again.
-bool kt_file::close_stream()
+/// Closes the stream, which stays open if its last bytes can't be written. An error that an earlier operation
+/// has reported does not count again.
+bool kt_file::close_silently()
 {
-    if (state_ == state::gone)
-        return false;
+    if (state_ == state::closed || state_ == state::close_failed)
+        return state_ == state::closed;
     std::clearerr(file_handle_);
-    const bool flushed = state_ != state::writing || std::fflush(file_handle_) == 0;
-    if (std::exchange(lost_, false) || !flushed)
+    const bool flushed = state_ != state::writing || flush();
+    if (std::exchange(flush_failed_, false) || !flushed)
         return false;
-    state_ = platform::close_stream(file_handle_) == 0 ? state::closed : state::gone;
+    reader_->attach(nullptr);
+    state_ = platform::close_stream(file_handle_) == 0 ? state::closed : state::close_failed;
+    if (state_ == state::closed)
+        size_ = 0;
     return state_ == state::closed;
 }
 
@@ -79,10 +110,12 @@ short kt_file::open(const char * mode)
     if (state_ >= state::opened)
         platform::close_stream(file_handle_);
     state_ = state::closed;
-    size_ = 0;
-    lost_ = false;
-    errno = 0;
-    file_handle_ = platform::open_stream(file_path_.text(), mode);
+    flush_failed_ = false;
+    failed_ = false;
+    if (!reader_)
+        reader_ = make<line_reader>();
+    errno = reader_ ? 0 : ENOMEM;
+    file_handle_ = reader_ ? platform::open_stream(file_path_.text(), mode) : nullptr;
     const int error = errno;
     if (!file_handle_) {
         trace.error("Error opening -->%s<-- file", file_path_);
@@ -90,7 +123,8 @@ short kt_file::open(const char * mode)
         return trace.fail(code::open_failed);
     }
     state_ = state::opened;
-    both_ways_ = std::strchr(mode, '+') && !std::strpbrk(mode, "bt");
+    is_text_update_ = std::strchr(mode, '+') && !std::strpbrk(mode, "bt");
+    reader_->attach(file_handle_, std::strchr(mode, 't') != nullptr);
     if (const short rc = seek(0, SEEK_END)) {
         trace.fatal("Error seeking at the end of the file -->%s<--", file_path_);
         return trace.fail(rc);
@@ -111,14 +145,11 @@ short kt_file::close()
 {
     const call_trace trace("kt_file::close");
     trace.warning("closing <%s> file", file_path_);
-    if (state_ == state::closed)
-        return trace.leave(code::success);
-    if (!close_stream()) {
+    if (!close_silently()) {
         trace.error("Error closing %s", file_path_);
         log_message(messages::MSG0020, file_path_);
         return trace.fail(code::close_failed);
     }
-    size_ = 0;
     return trace.leave(code::success);
 }
 
@@ -128,9 +159,9 @@ short kt_file::seek(long offset, int origin)
     if (!check_open(trace))
         return trace.fail(code::not_open);
     trace.warning("seeking in %s file. offset is %d origin is %d", file_path_, offset, origin);
-    // Not every runtime tells of bytes that it could not write on this way.
-    const bool flushed = state_ != state::writing || std::fflush(file_handle_) == 0;
-    if (!flushed || platform::seek(file_handle_, offset, origin) != 0) {
+    // Not every runtime reports here that it could not write what was written before.
+    const bool flushed = state_ != state::writing || flush();
+    if (!flushed || !move_to(offset, origin)) {
         trace.error("Error seeking in file %s at offset %d from origin %d", file_path_, offset, origin);
         log_message(messages::MSG0019, file_path_, offset, origin);
         return trace.fail(code::seek_failed);
@@ -140,19 +171,22 @@ short kt_file::seek(long offset, int origin)
 
 bool kt_file::error() const
 {
-    return state_ >= state::opened && std::ferror(file_handle_) != 0;
+    return state_ >= state::opened && (failed_ || reader_->failed());
+}
+
+bool kt_file::at_end() const
+{
+    return state_ >= state::opened && reader_->at_end();
 }
 
 int kt_file::get_line(ustring & line)
 {
     const call_trace trace("kt_file::get_line");
-    if (!check_open(trace)) {
-        trace.quit();
-        trace.leave();
-        return 0;
+    int read = 0;
+    if (check_open(trace)) {
+        switch_direction(state::reading);
+        read = reader_->get_line(line);
     }
-    turn_to(state::reading);
-    const int read = line.getline(file_handle_);
     if (read)
         trace.info("read line %s", line);
     trace.leave();
@@ -164,17 +198,14 @@ short kt_file::write(const ustring & text)
     const call_trace trace("kt_file::write");
     if (!check_open(trace))
         return trace.fail(code::not_open);
-    const bool turned = turn_to(state::writing);
+    const bool writes = switch_direction(state::writing);
     memory_watch watch;
     const char * const bytes = text.mbcs_str();
     const unsigned length = watch.failed() ? text.length() : text.mbcs_length();
-    const std::size_t written = watch.failed() || !turned ? 0 : std::fwrite(bytes, 1, length, file_handle_);
-    if (written < length) {
+    const std::size_t written = watch.failed() || !writes ? 0 : platform::write(file_handle_, bytes, length);
+    if (written < length)
         trace.fatal("error writing to file %s. written is %d", file_path_, written);
-        log_message(messages::MSG0018, file_path_, written, length);
-        return trace.fail(code::write_failed);
-    }
-    return trace.leave(code::success);
+    return finish_write(trace, written, length);
 }
 
 short kt_file::write(const void * buffer, unsigned int size)
@@ -183,14 +214,22 @@ short kt_file::write(const void * buffer, unsigned int size)
     if (!check_open(trace))
         return trace.fail(code::not_open);
     errno = 0;
-    const std::size_t written = turn_to(state::writing) ? std::fwrite(buffer, 1, size, file_handle_) : 0;
+    const bool writes = switch_direction(state::writing);
+    const std::size_t written = writes ? platform::write(file_handle_, buffer, size) : 0;
     const int error = errno;
-    if (written < size) {
+    if (written < size)
         trace.fatal("error writing to file %s. written is %d, errno is %d", file_path_, written, error);
-        log_message(messages::MSG0018, file_path_, written, size);
-        return trace.fail(code::write_failed);
-    }
-    return trace.leave(code::success);
+    return finish_write(trace, written, size);
+}
+
+/// The common end of both ways to write.
+short kt_file::finish_write(const call_trace & trace, std::size_t written, std::size_t length)
+{
+    if (written >= length)
+        return trace.leave(code::success);
+    failed_ = true;
+    log_message(messages::MSG0018, file_path_, written, length);
+    return trace.fail(code::write_failed);
 }
 
 short kt_file::get_pos(long * position)
@@ -198,10 +237,11 @@ short kt_file::get_pos(long * position)
     const call_trace trace("kt_file::get_pos");
     if (!check_open(trace))
         return trace.fail(code::not_open);
-    // Only behind a flush does every runtime know where a stream that appends stands.
+    // Only after a flush does every runtime know the position of a stream that appends.
     if (state_ == state::writing)
-        lost_ = std::fflush(file_handle_) != 0 || lost_;
-    *position = platform::tell(file_handle_);
+        flush_failed_ = !flush() || flush_failed_;
+    const long long at = reader_->position();
+    *position = at <= std::numeric_limits<long>::max() ? static_cast<long>(at) : -1;
     if (*position < 0) {
         trace.fatal("Error getting the position of the file");
         return trace.fail(code::position_failed);
@@ -211,11 +251,12 @@ short kt_file::get_pos(long * position)
 
 short kt_file::read(void * buffer, unsigned int size, unsigned int count)
 {
-    const call_trace trace("kt_file:read");
+    const call_trace trace("kt_file:read"); // one colon: the name that readers of traces know
     if (!check_open(trace))
         return trace.fail(code::not_open);
-    turn_to(state::reading);
-    const std::size_t items = std::fread(buffer, size, count, file_handle_);
+    switch_direction(state::reading);
+    // Items of no size count as none, as `fread` has it.
+    const std::size_t items = size != 0 ? reader_->read(buffer, std::size_t{size} * count) / size : 0;
     if (items != count) {
         trace.fatal("Error reading from %s file. count = %d, read_bytes =%d", file_path_, count, items);
         log_message(messages::MSG0037, count, file_path_, items);
@@ -229,8 +270,8 @@ unsigned int kt_file::read(void * buffer, unsigned int size)
     const call_trace trace("kt_file:read");
     if (!check_open(trace))
         return trace.fail(0U);
-    turn_to(state::reading);
-    return trace.leave(static_cast<unsigned int>(std::fread(buffer, 1, size, file_handle_)));
+    switch_direction(state::reading);
+    return trace.leave(static_cast<unsigned int>(reader_->read(buffer, size)));
 }
 
 short kt_file::copy_to(const pathname & target)

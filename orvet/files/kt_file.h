@@ -24,15 +24,18 @@ public:
     explicit kt_file(const ustring & file_name);
     kt_file(const kt_file &) = delete;
     kt_file & operator=(const kt_file &) = delete;
-    ~kt_file() = default;
+    ~kt_file();
 
     /// Opens with a mode of `fopen` and measures the size; the stream then stands at the start. A stream that
     /// is still open is closed first, without a word. 250 when it can't be opened, a directory included; with
     /// 253 and 256, from measuring, the object is open and still has to be closed.
     short open(const char * mode);
-    /// True when reading or writing has failed on the stream since it was opened: what tells an end for that
-    /// reason from the end of the file.
+    /// Whether reading or writing has failed since the file was opened: tells a read error from the end of the
+    /// file.
     bool error() const;
+    /// Whether the last read came to the end of the file. A read that found nothing while this is false has
+    /// failed.
+    bool at_end() const;
     /// Closes the stream; 0 also when none is open. After 252 the object stays open.
     short close();
     /// Moves to `offset` bytes from `origin`, a value of `fseek`. 253, also when what was written in front of
@@ -93,23 +96,31 @@ public:
     short load_offsets(vector & topv);
 
 private:
-    /// In this order: without a stream, which is closed, or gone where `fclose` has failed and the object
-    /// counts as open; with one, which is just opened, or was last used for reading or writing.
-    enum class state { closed, gone, opened, reading, writing };
+    friend class file_input_parms;
+
+    /// In this order: without a stream, since the file is closed, or `fclose` has failed and the object counts
+    /// as open; with one, which is just opened, or was last used for reading or writing.
+    enum class state { closed, close_failed, opened, reading, writing };
 
     bool check_open(const class call_trace & trace) const;
-    bool refuse(const class call_trace & trace) const;
-    bool turn_to(state direction);
-    bool close_stream();
+    bool report_not_open(const class call_trace & trace) const;
+    bool switch_direction(state direction);
+    bool flush();
+    bool move_to(long offset, int origin);
+    bool close_silently();
+    short finish_write(const class call_trace & trace, std::size_t written, std::size_t length);
+    bool pass_line(const ustring & head);
     short read_keyval(unsigned & value);
 
     pathname file_path_;
-    ustring line_;                      // the room of the lines that only navigation sees
     std::FILE * file_handle_ = nullptr; // from `opened` on
     long size_ = 0;
     state state_ = state::closed;
-    bool lost_ = false;      // written bytes that a flush on the way could not get rid of
-    bool both_ways_ = false; // opened for reading and writing of text
+    bool failed_ = false;         // in writing; the reader knows of reading
+    bool flush_failed_ = false;   // for bytes that were written before, so `close` has to report it
+    bool is_text_update_ = false; // opened for reading and writing of text
+    class line_reader * reader_ = nullptr; // made by the first `open`
+    ustring line_;                         // a line that only navigation sees
 };
 
 } // namespace orvet

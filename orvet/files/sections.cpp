@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "orvet/files/kt_file.h"
+#include "orvet/files/line_reader_internal.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/number.h"
 #include "orvet/foundation/call_trace.h"
@@ -52,12 +53,25 @@ ustring build_server_rr(const ustring & name)
     return server;
 }
 
+/// Reads on until after the line `head`; false if there is none. While the trace is shut, lines that are passed
+/// need not become texts.
+bool kt_file::pass_line(const ustring & head)
+{
+    if (state_ >= state::opened && !system_trace::passes(severity::info)) {
+        switch_direction(state::reading);
+        return reader_->find_line(head);
+    }
+    while (get_line(line_))
+        if (line_ == head)
+            return true;
+    return false;
+}
+
 short kt_file::find_section(const ustring & section)
 {
     const call_trace trace("kt_file::find_section");
-    while (get_line(line_))
-        if (line_ == section)
-            return trace.leave(code::success);
+    if (pass_line(section))
+        return trace.leave(code::success);
     trace.info("Section not found reading kt_file while locating <%s>", section);
     return trace.fail(code::section_absent);
 }
@@ -65,12 +79,10 @@ short kt_file::find_section(const ustring & section)
 short kt_file::seek_section(const ustring & section, int * count, int read_count)
 {
     const call_trace trace("kt_file::seek_section");
-    do {
-        if (!get_line(line_)) {
-            trace.error("Error reading kt_file while locating <%s>", section);
-            return trace.fail(code::section_missing);
-        }
-    } while (line_ != section);
+    if (!pass_line(section)) {
+        trace.error("Error reading kt_file while locating <%s>", section);
+        return trace.fail(code::section_missing);
+    }
     if (read_count == 0)
         return trace.leave(code::success);
     unsigned value = 0;
@@ -96,7 +108,7 @@ short kt_file::read_keyval(unsigned & value)
     memory_watch watch;
     value = 0;
     if (!get_line(line_))
-        return watch.failed() ? code::no_keyval : code::success;
+        return at_end() && !watch.failed() ? code::success : code::no_keyval;
     const unsigned at = line_.find(separator, 0, separator_length, 0);
     if (at == ustring::npos)
         return code::no_keyval;

@@ -4,7 +4,6 @@
 #include <functional>
 #include <memory>
 #include <string_view>
-#include <typeinfo>
 #include <utility>
 
 #include "orvet/files/kt_file.h"
@@ -22,19 +21,18 @@ constexpr char section_name[] = "topology";
 constexpr int most_domains = 32767;
 constexpr char expected_mode[] = "push";
 
-/// An object as one of class `T`; null when it is none. Most are just that, which is quicker seen than found
-/// out.
+/// An object as one of class `T`; null if it is of another class.
 template <class T>
-T * as(codable * item)
+T * as(codable * item, class_tag tag)
 {
-    return item && typeid(*item) == typeid(T) ? static_cast<T *>(item) : dynamic_cast<T *>(item);
+    return item && item->is_a(tag) ? static_cast<T *>(item) : nullptr;
 }
 
 /// The target section of an item of a topology vector; null for an item that has none.
 sof_entry * target_section(codable * item)
 {
-    auto * const domain = as<top_entry>(item);
-    auto * const section = domain ? as<sof_entry>(domain->trg_sect_info[0]) : nullptr;
+    auto * const domain = as<top_entry>(item, class_tag::top_entry);
+    auto * const section = domain ? as<sof_entry>(domain->trg_sect_info[0], class_tag::sof_entry) : nullptr;
     return section && section->sect_type == sof_entry::target_sect ? section : nullptr;
 }
 
@@ -166,6 +164,18 @@ bool check_dependencies(const call_trace & trace, vector & topv, domain_finder &
 }
 
 } // namespace
+
+sof_entry::sof_entry(const sof_entry & other)
+    : ktobject(other, class_tag::sof_entry), sect_name(other.sect_name), sect_aux(other.sect_aux),
+      sect_count(other.sect_count), sect_offset(other.sect_offset), sect_type(other.sect_type)
+{
+}
+
+top_entry::top_entry(const top_entry & other)
+    : ktobject(other, class_tag::top_entry), domain_name(other.domain_name), dep_path(other.dep_path),
+      trg_sect_info(other.trg_sect_info)
+{
+}
 
 codable * sof_entry::clone()
 {

@@ -16,7 +16,13 @@ public:
     };
 
     /// Stores copies; nothing counted yet.
-    sof_entry(const ustring & name, sectype type) : sect_name(name), sect_type(type) {}
+    sof_entry(const ustring & name, sectype type)
+        : ktobject(class_tag::sof_entry), sect_name(name), sect_type(type)
+    {
+    }
+    /// Copies every field.
+    sof_entry(const sof_entry & other);
+    sof_entry & operator=(const sof_entry & other) = default;
     codable * clone() override;
 
     ustring sect_name;    ///< the section's head, brackets included
@@ -31,9 +37,12 @@ class ORVET_API top_entry : public ktobject {
 public:
     /// Stores copies; a copied vector holds the same objects.
     top_entry(const ustring & name, const pathname & path, const vector & sections)
-        : domain_name(name), dep_path(path), trg_sect_info(sections)
+        : ktobject(class_tag::top_entry), domain_name(name), dep_path(path), trg_sect_info(sections)
     {
     }
+    /// Copies every field; the copied vector holds the same objects.
+    top_entry(const top_entry & other);
+    top_entry & operator=(const top_entry & other) = default;
     codable * clone() override;
 
     ustring domain_name;  ///< called RGN in the messages

@@ -8,6 +8,8 @@ namespace orvet {
 /// Base of the records that live in vectors. It has no encoded form, and by itself it can't be cloned.
 class ORVET_API ktobject : public codable {
 public:
+    ktobject() = default;
+
     /// The name that all records share; a static text.
     static const char * const cod_name;
 
@@ -21,6 +23,8 @@ public:
     codable * clone() override;
 
 protected:
+    using codable::codable;
+
     codable * decode_object(decoder & from, long version) override;
     void encode_object(encoder & to) const override;
     long codable_version() const override;

@@ -12,7 +12,8 @@
 #include "orvet/foundation/base/number.h"
 #include "orvet/foundation/environment.h"
 #include "orvet/foundation/format.h"
-#include "orvet/foundation/platform/platform.h"
+#include "orvet/foundation/platform/errors.h"
+#include "orvet/foundation/platform/files.h"
 
 namespace orvet {
 
@@ -99,6 +100,8 @@ stdio_trace_stream::stdio_trace_stream(const char * file_name)
     else
         path = file_name;
     stream_ = watch.failed() ? nullptr : platform::open_stream(path.text(), "a+t");
+    if (stream_)
+        std::setvbuf(stream_, nullptr, _IONBF, 0); // a line is one write
     if (!stream_) {
         stream_ = stderr;
         std::fprintf(stderr, "Could not open trace file ->%s<-, logging on stderr\n", path.mbcs_str());
@@ -108,7 +111,7 @@ stdio_trace_stream::stdio_trace_stream(const char * file_name)
 stdio_trace_stream::~stdio_trace_stream()
 {
     if (stream_ != stdout && stream_ != stderr && stream_)
-        std::fclose(stream_);
+        platform::close_stream(stream_);
 }
 
 int stdio_trace_stream::writeline(const char * line)
@@ -116,7 +119,8 @@ int stdio_trace_stream::writeline(const char * line)
     if (!stream_ || !line)
         return -1;
     const std::size_t length = std::strlen(line);
-    return platform::write_through(stream_, line, length) == length ? static_cast<int>(length) : -1;
+    const std::size_t written = platform::write(stream_, line, length);
+    return platform::flush(stream_) == 0 && written == length ? static_cast<int>(length) : -1;
 }
 
 void trace::set_level(work_area & wa, int level)

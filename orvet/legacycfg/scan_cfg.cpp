@@ -3,12 +3,13 @@
 #include <cerrno>
 #include <utility>
 
+#include "orvet/files/line_reader_internal.h"
 #include "orvet/files/sections.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/pair.h"
 #include "orvet/foundation/base/utf8.h"
 #include "orvet/foundation/codes.h"
-#include "orvet/foundation/platform/platform.h"
+#include "orvet/foundation/platform/files.h"
 #include "orvet/utilities/usprintf.h"
 
 namespace orvet {
@@ -88,7 +89,7 @@ public:
     bool flush()
     {
         const std::size_t bytes = std::exchange(used_, 0);
-        return std::fwrite(block_, 1, bytes, stream_) == bytes;
+        return platform::write(stream_, block_, bytes) == bytes;
     }
 
 private:
@@ -97,8 +98,8 @@ private:
         memory_watch watch;
         const char * const bytes = line.mbcs_str();
         const unsigned length = line.mbcs_length();
-        return !watch.failed() && std::fwrite(bytes, 1, length, stream_) == length &&
-               std::fputc('\n', stream_) != EOF;
+        return !watch.failed() && platform::write(stream_, bytes, length) == length &&
+               platform::write(stream_, "\n", 1) == 1;
     }
 
     std::FILE * stream_;
@@ -161,8 +162,10 @@ bool scan_cfg::read_lines()
         ustring & value;
     } targets[] = {{workstation_key, name}, {protocol_key, protocol}};
 
+    line_reader reader;
+    reader.attach(cfg_stream_);
     ustring line;
-    while (!watch.failed() && line.getline(cfg_stream_)) {
+    while (!watch.failed() && reader.get_line(line)) {
         line.strip(ustring::strip_both, u' ');
         if (line.length() == 0)
             continue;
@@ -177,7 +180,7 @@ bool scan_cfg::read_lines()
         (is_server ? server_lines_ : generic_lines_).push_back(make<ustring>(line));
     }
     // What ended too early must never be taken for the whole file and written back.
-    if (watch.failed() || std::ferror(cfg_stream_)) {
+    if (watch.failed() || !reader.at_end()) {
         generic_lines_.resize(generic_before);
         server_lines_.resize(servers_before);
         return false;
@@ -215,7 +218,7 @@ bool scan_cfg::write_new_text(unsigned first)
 {
     // The permissions come first, so that the text never stands in a file with wider ones.
     const bool written = platform::copy_permissions(cfg_file_, cfg_stream_) == 0 && write_lines(first) &&
-                         std::fflush(cfg_stream_) == 0 && platform::sync_stream(cfg_stream_) == 0;
+                         platform::flush(cfg_stream_) == 0 && platform::sync_stream(cfg_stream_) == 0;
     return close_stream() && written;
 }
 

@@ -2,7 +2,8 @@
 
 #include <cstdio>
 
-#include "orvet/foundation/platform/platform.h"
+#include "orvet/foundation/platform/files.h"
+#include "orvet/foundation/platform/heap.h"
 
 namespace orvet {
 
@@ -53,7 +54,7 @@ void heapdump(const char * path)
     }
     print_status(file ? file : stdout, status, used, free);
     if (file)
-        std::fclose(file);
+        platform::close_stream(file);
 }
 
 } // namespace orvet

@@ -1,7 +1,7 @@
 #include "orvet/utilities/kt_chkfile.h"
 
 #include "orvet/foundation/call_trace.h"
-#include "orvet/foundation/platform/platform.h"
+#include "orvet/foundation/platform/files.h"
 
 namespace orvet {
 

@@ -8,6 +8,10 @@ namespace orvet {
 class encoder;
 class decoder;
 
+/// The classes that the library tells apart at run time. A tool built without type information may derive from
+/// any of them.
+enum class class_tag : unsigned char { other, ustring, pathname, pair, top_entry, sof_entry };
+
 /// Root of every class whose objects can live in a `vector`.
 class ORVET_API codable {
 public:
@@ -15,7 +19,7 @@ public:
     codable() noexcept : version(1) {}
     /// Copies `version` alone: a copy is held by no vector yet.
     codable(const codable & other) noexcept : version(other.version) {}
-    /// Copies `version` alone; who holds the object stays.
+    /// Copies `version` alone.
     codable & operator=(const codable & other) noexcept
     {
         version = other.version;
@@ -44,13 +48,22 @@ public:
     friend bool operator!=(const codable & a, const codable & b) { return a.operator==(b) == 0; }
     virtual ~codable() = default;
 
+    /// Whether the object is of that class or of one derived from it.
+    bool is_a(class_tag tag) const noexcept { return tag_ == tag; }
+
 protected:
+    /// For the constructors of a class with a tag.
+    explicit codable(class_tag tag) noexcept : version(1), tag_(tag) {}
+    /// The same with `version` copied.
+    codable(const codable & other, class_tag tag) noexcept : version(other.version), tag_(tag) {}
+
     /// 1 from every constructor but the copying one.
     long version;
 
 private:
     friend class vector;
-    unsigned holders_ = 0; // the vectors that hold this object
+    unsigned holders_ = 0;                 // the vectors that hold this object
+    class_tag tag_ = class_tag::other; // never copied: part of an object may be copied to another class
 };
 
 } // namespace orvet

@@ -16,8 +16,7 @@ codable * pair::clone()
 
 int pair::operator==(const codable & other) const
 {
-    const auto * texts = dynamic_cast<const pair *>(&other);
-    return texts && equals(*texts) ? 1 : 0;
+    return other.is_a(class_tag::pair) && equals(static_cast<const pair &>(other)) ? 1 : 0;
 }
 
 long pair::codable_version() const

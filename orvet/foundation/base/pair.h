@@ -8,9 +8,16 @@ namespace orvet {
 /// Two texts that belong together, a key and its value for one.
 class ORVET_API pair : public codable {
 public:
-    pair() = default;
+    /// Two empty texts.
+    pair() : codable(class_tag::pair) {}
     /// Stores copies.
-    pair(const ustring & first_text, const ustring & second_text) : first(first_text), second(second_text) {}
+    pair(const ustring & first_text, const ustring & second_text)
+        : codable(class_tag::pair), first(first_text), second(second_text)
+    {
+    }
+    /// Copies both texts.
+    pair(const pair & other) : codable(other, class_tag::pair), first(other.first), second(other.second) {}
+    pair & operator=(const pair & other) = default;
 
     const char * codable_name() const override;
     codable * clone() override;

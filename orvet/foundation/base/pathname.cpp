@@ -1,14 +1,15 @@
 #include "orvet/foundation/base/pathname.h"
 
+#include <filesystem>
 #include <utility>
 
 #include "orvet/foundation/base/memory.h"
-#include "orvet/foundation/platform/platform.h"
 
 namespace orvet {
 
 namespace {
 
+constexpr char16_t native_separator = std::filesystem::path::preferred_separator;
 constexpr char16_t separators[] = {u'/', u'\\'};
 
 bool ends_in_separator(const ustring & path)
@@ -64,7 +65,7 @@ pathname & pathname::operator+=(const ustring & element)
         return *this += ustring(element);
     memory_watch watch;
     const unsigned before = text_.length();
-    join(text_, element, platform::separator);
+    join(text_, element, native_separator);
     if (watch.failed())
         text_.remove(before);
     return *this;
@@ -92,8 +93,7 @@ bool pathname::equals(const pathname & other) const
 
 int pathname::operator==(const codable & other) const
 {
-    const auto * path = dynamic_cast<const pathname *>(&other);
-    return path && equals(*path) ? 1 : 0;
+    return other.is_a(class_tag::pathname) && equals(static_cast<const pathname &>(other)) ? 1 : 0;
 }
 
 long pathname::codable_version() const

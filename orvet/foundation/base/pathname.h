@@ -1,6 +1,8 @@
 #ifndef ORVET_FOUNDATION_BASE_PATHNAME_H
 #define ORVET_FOUNDATION_BASE_PATHNAME_H
 
+#include <utility>
+
 #include "orvet/foundation/base/ustring.h"
 
 namespace orvet {
@@ -8,13 +10,16 @@ namespace orvet {
 /// The name of a file or directory. Keeps the text that it is made from.
 class ORVET_API pathname : public codable {
 public:
-    pathname() = default;
+    pathname() : codable(class_tag::pathname) {}
     /// From bytes up to their zero; null gives the empty path.
-    pathname(const char * text) : text_(text) {}
+    pathname(const char * text) : codable(class_tag::pathname), text_(text) {}
     /// Copies the text; `version` is 1.
-    pathname(const pathname & other) : codable(), text_(other.text_) {}
+    pathname(const pathname & other) : codable(class_tag::pathname), text_(other.text_) {}
     /// Leaves `other` empty.
-    pathname(pathname && other) noexcept = default;
+    pathname(pathname && other) noexcept
+        : codable(other, class_tag::pathname), text_(std::move(other.text_))
+    {
+    }
     ///@{
     /// Replaces the text.
     pathname & operator=(const pathname & other) = default;

@@ -10,7 +10,6 @@
 #include "orvet/foundation/base/ascii.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/utf8.h"
-#include "orvet/foundation/platform/platform.h"
 
 namespace orvet {
 
@@ -18,6 +17,9 @@ namespace {
 
 // Far below what an unsigned holds, so that sums of two lengths never wrap.
 constexpr std::size_t longest = std::numeric_limits<unsigned>::max() / 4;
+
+// Rooms, with their closing zero, are multiples of this many units.
+constexpr std::size_t room_step = 16;
 
 constexpr bool same(char16_t a, char16_t b, int flag)
 {
@@ -44,9 +46,9 @@ unsigned count_of(const char16_t * chars, unsigned n)
 
 } // namespace
 
-ustring::ustring() noexcept
+ustring::ustring() noexcept : codable(class_tag::ustring)
 {
-    inside_[0] = 0;
+    inline_units_[0] = 0;
 }
 
 ustring::ustring(const char * text) : ustring()
@@ -54,15 +56,15 @@ ustring::ustring(const char * text) : ustring()
     assign(text);
 }
 
-ustring::ustring(const ustring & other) : codable(other)
+ustring::ustring(const ustring & other) : codable(other, class_tag::ustring)
 {
-    inside_[0] = 0;
+    inline_units_[0] = 0;
     assign(other, 0, npos);
 }
 
-ustring::ustring(ustring && other) noexcept : codable(other)
+ustring::ustring(ustring && other) noexcept : codable(other, class_tag::ustring)
 {
-    take(other);
+    move_from(other);
 }
 
 ustring::ustring(const ustring & other, unsigned pos, unsigned n) : ustring()
@@ -79,19 +81,19 @@ ustring & ustring::operator=(ustring && other) noexcept
 {
     if (this != &other) {
         drop();
-        take(other);
+        move_from(other);
     }
     return *this;
 }
 
 /// Moves the other's text into this object, which holds nothing to be released, and leaves the other empty.
-void ustring::take(ustring & other) noexcept
+void ustring::move_from(ustring & other) noexcept
 {
     length_ = other.length_;
     capacity_ = other.capacity_;
-    if (other.is_inside()) {
-        units_ = inside_;
-        copy_units(inside_, other.inside_, length_ + 1);
+    if (other.is_inline()) {
+        units_ = inline_units_;
+        copy_units(inline_units_, other.inline_units_, length_ + 1);
     } else {
         units_ = other.units_;
     }
@@ -99,8 +101,8 @@ void ustring::take(ustring & other) noexcept
     bytes_capacity_ = other.bytes_capacity_;
     bytes_length_ = other.bytes_length_;
 
-    other.units_ = other.inside_;
-    other.capacity_ = inside;
+    other.units_ = other.inline_units_;
+    other.capacity_ = inline_capacity;
     other.bytes_ = nullptr;
     other.bytes_capacity_ = 0;
     other.set_length(0);
@@ -108,7 +110,7 @@ void ustring::take(ustring & other) noexcept
 
 void ustring::drop() noexcept
 {
-    if (!is_inside())
+    if (!is_inline())
         release(units_);
     release(bytes_);
 }
@@ -125,11 +127,11 @@ bool ustring::grow(std::size_t units)
         ++memory_failures;
         return false;
     }
-    const std::size_t room = std::max<std::size_t>(units, capacity_ + capacity_ / 2) | (utf8::block - 1);
+    const std::size_t room = std::max<std::size_t>(units, capacity_ + capacity_ / 2) | (room_step - 1);
     auto * const fresh = allocate<char16_t>(room + 1);
     if (!fresh)
         return false;
-    if (!is_inside())
+    if (!is_inline())
         release(units_);
     units_ = fresh;
     capacity_ = static_cast<unsigned>(room);
@@ -160,16 +162,15 @@ void ustring::set_length(unsigned units) noexcept
 {
     length_ = units;
     units_[units] = 0;
-    bytes_length_ = stale;
+    bytes_length_ = no_cache;
 }
 
-/// Replaces the text by what `count` bytes say; `readable` may be looked at.
-bool ustring::decode(const char * bytes, std::size_t count, std::size_t readable)
+/// Replaces the text by what `count` bytes mean, which may be the object's own multi-byte form.
+bool ustring::decode(const char * bytes, std::size_t count)
 {
     if (!reserve(count))
         return false;
-    readable = std::min<std::size_t>(readable, capacity_ + 1);
-    set_length(static_cast<unsigned>(utf8::decode(bytes, count, readable, units_)));
+    set_length(static_cast<unsigned>(utf8::decode(bytes, count, units_)));
     return true;
 }
 
@@ -200,9 +201,12 @@ ustring & ustring::splice(unsigned pos, unsigned removed, const char16_t * text,
 
 ustring & ustring::assign(const char * text)
 {
-    // May be one's own multi-byte form, which stays where it is.
-    const std::size_t count = text ? std::strlen(text) : 0;
-    decode(text ? text : "", count, count);
+    return assign(text, text ? std::strlen(text) : 0);
+}
+
+ustring & ustring::assign(const char * bytes, std::size_t count)
+{
+    decode(bytes, count);
     return *this;
 }
 
@@ -223,7 +227,7 @@ ustring & ustring::append(const char * text)
     const std::size_t count = text ? std::strlen(text) : 0;
     if (length_ + count > capacity_)
         return append(ustring(text));
-    set_length(length_ + static_cast<unsigned>(utf8::decode(text, count, count, units_ + length_)));
+    set_length(length_ + static_cast<unsigned>(utf8::decode(text, count, units_ + length_)));
     return *this;
 }
 
@@ -245,7 +249,7 @@ ustring & ustring::change_case(unsigned pos, unsigned n, Change change)
     const unsigned count = clip(length_, pos, n);
     if (count != 0) {
         std::transform(units_ + pos, units_ + pos + count, units_ + pos, change);
-        bytes_length_ = stale;
+        bytes_length_ = no_cache;
     }
     return *this;
 }
@@ -344,72 +348,61 @@ bool ustring::equals(const ustring & as_long) const noexcept
 
 namespace {
 
-/// Bytes of a line that `feed` ends.
-inline std::size_t line_length(const char * begin, const char * feed)
+/// What one `fgets` has read: the runtime does not say how much that is, and there may be zeros in it.
+struct piece {
+    std::size_t length;
+    bool ends; // in a line feed, which is not counted
+};
+
+/// Reads up to a line feed, the end of the file or the end of the room. An empty piece without an end: there
+/// was nothing to read, or reading failed.
+template <std::size_t Room>
+piece read_piece(char (&room)[Room], std::FILE * stream)
 {
-    const bool carriage_return = feed != begin && feed[-1] == '\r';
-    return static_cast<std::size_t>(feed - begin) - carriage_return;
+    // A line feed followed by a zero is one that was read, any other one of those put here.
+    std::memset(room, '\n', Room);
+    if (!std::fgets(room, Room, stream))
+        return {0, false};
+    const auto * const feed = static_cast<const char *>(std::memchr(room, '\n', Room));
+    if (!feed)
+        return {Room - 1, false};
+    const auto length = static_cast<std::size_t>(feed - room);
+    const bool ends = length + 1 < Room && feed[1] == 0;
+    return {ends ? length : length - 1, ends};
+}
+
+/// Bytes of a line that a line feed ends, without a carriage return before that.
+std::size_t line_length(const char * line, std::size_t count)
+{
+    return count != 0 && line[count - 1] == '\r' ? count - 1 : count;
 }
 
 } // namespace
 
 int ustring::getline(std::FILE * stream)
 {
-    // The common line lies well inside the stream's buffer, fits, and holds no byte that is below the line
-    // feed or beyond ASCII: one comparison tells.
-    const platform::read_ahead ahead = platform::unread(stream);
-    const auto left = static_cast<std::size_t>(ahead.end - ahead.begin);
-    const std::size_t room = std::min<std::size_t>(left, capacity_ + 1) & -utf8::block;
-    const char * const end = ahead.begin + room;
-    const char * const feed = utf8::skip(ahead.begin, end, [](auto byte) { return byte > '\n'; });
-    if (feed == end || *feed != '\n')
-        return gather_line(stream);
-    const auto bytes = static_cast<std::size_t>(feed - ahead.begin);
-    utf8::widen_blocks(ahead.begin, bytes, units_);
-    set_length(static_cast<unsigned>(line_length(ahead.begin, feed)));
-    platform::advance(stream, bytes + 1);
-    return 1;
-}
-
-/// Reads any line. One that crosses into the next filling of the stream's buffer is first put together: here
-/// while it is short, else in the buffer of the multi-byte form.
-int ustring::gather_line(std::FILE * stream)
-{
-    char short_line[512];
-    char * room = short_line;
+    char room[256];
+    piece next = read_piece(room, stream);
+    if (next.ends)
+        return decode(room, line_length(room, next.length)) ? 1 : 0;
+    // A longer line, or the file's last one, is first put together in the buffer of the multi-byte form.
     std::size_t gathered = 0;
-    for (;;) {
-        const platform::read_ahead ahead = platform::look_ahead(stream);
-        const auto left = static_cast<std::size_t>(ahead.end - ahead.begin);
-        if (left == 0)
-            return gathered != 0 && decode(room, gathered, gathered) ? 1 : 0;
-        const char * const feed = utf8::skip(ahead.begin, ahead.end, [](auto byte) { return byte != '\n'; });
-        const bool ends = feed != ahead.end;
-        const auto piece = static_cast<std::size_t>(feed - ahead.begin);
-        if (ends && gathered == 0) {
-            const bool read = decode(ahead.begin, line_length(ahead.begin, feed), left);
-            platform::advance(stream, piece + 1);
-            return read ? 1 : 0;
-        }
-        if (gathered + piece > sizeof short_line) {
-            bytes_length_ = stale;
-            if (!reserve_bytes(gathered + piece + 1, room == bytes_ ? gathered : 0))
-                return 0;
-            if (room == short_line)
-                std::memcpy(bytes_, short_line, gathered);
-            room = bytes_;
-        }
-        std::memcpy(room + gathered, ahead.begin, piece);
-        gathered += piece;
-        platform::advance(stream, piece + ends);
-        if (ends)
-            return decode(room, line_length(room, room + gathered), gathered) ? 1 : 0;
+    while (next.length != 0 || next.ends) {
+        bytes_length_ = no_cache;
+        if (!reserve_bytes(gathered + next.length + 1, gathered))
+            return 0;
+        std::memcpy(bytes_ + gathered, room, next.length);
+        gathered += next.length;
+        if (next.ends)
+            return decode(bytes_, line_length(bytes_, gathered)) ? 1 : 0;
+        next = read_piece(room, stream);
     }
+    return gathered != 0 && std::feof(stream) && decode(bytes_, gathered) ? 1 : 0;
 }
 
 const char * ustring::mbcs_str() const
 {
-    if (bytes_length_ == stale) {
+    if (bytes_length_ == no_cache) {
         if (!reserve_bytes(std::size_t{length_} * 3 + 1, 0))
             return "";
         bytes_length_ = static_cast<unsigned>(utf8::encode(units_, length_, bytes_));
@@ -421,7 +414,7 @@ const char * ustring::mbcs_str() const
 unsigned ustring::mbcs_length() const
 {
     mbcs_str();
-    return bytes_length_ == stale ? 0 : bytes_length_;
+    return bytes_length_ == no_cache ? 0 : bytes_length_;
 }
 
 const char * ustring::codable_name() const
@@ -441,8 +434,7 @@ codable * ustring::clone()
 
 int ustring::operator==(const codable & other) const
 {
-    const auto * text = dynamic_cast<const ustring *>(&other);
-    return text && *this == *text ? 1 : 0;
+    return other.is_a(class_tag::ustring) && *this == static_cast<const ustring &>(other) ? 1 : 0;
 }
 
 long ustring::codable_version() const

@@ -1,6 +1,7 @@
 #ifndef ORVET_FOUNDATION_BASE_USTRING_H
 #define ORVET_FOUNDATION_BASE_USTRING_H
 
+#include <cstddef>
 #include <cstdio>
 
 #include "orvet/foundation/base/codable.h"
@@ -48,6 +49,7 @@ public:
     /// Replaces the text, by a part of `other` where one is named.
     ustring & assign(const ustring & other) { return assign(other, 0, npos); }
     ustring & assign(const char * text);
+    ustring & assign(const char * bytes, std::size_t count); ///< zero bytes are kept
     ustring & assign(const ustring & other, unsigned pos, unsigned n);
     ///@}
     ///@{
@@ -87,8 +89,8 @@ public:
     bool begins_with(const char * ascii) const noexcept;
 
     /// Replaces the text by the next line of `stream` without its line end, which is LF, CR LF or the end of
-    /// the file. Not 0 when a line was read. 0 at the end of the file, after a read error, and when the line
-    /// finds no memory; the text is then as it was. Reads nothing beyond the line as other readers see it.
+    /// the file. Not 0 if a line was read. 0 at the end of the file, after a read error, which `ferror` tells
+    /// apart, and if allocation fails; the text is then unchanged. Reads no further than the line end.
     int getline(std::FILE * stream);
 
     /// The multi-byte form, closed by a zero; built when asked for and valid while the object is unchanged.
@@ -118,31 +120,30 @@ protected:
     long codable_version() const override;
 
 private:
-    enum : unsigned { inside = 15 };  // units kept inside the object; with the closing zero a whole block
-    enum : unsigned { stale = npos }; // a length: the multi-byte form is not that of the text
+    enum : unsigned { inline_capacity = 15 }; // units kept in the object itself
+    enum : unsigned { no_cache = npos };      // a length: the multi-byte form is not that of the text
 
     bool equals(const ustring & as_long) const noexcept;
-    bool is_inside() const noexcept { return units_ == inside_; }
-    void take(ustring & other) noexcept;
+    bool is_inline() const noexcept { return units_ == inline_units_; }
+    void move_from(ustring & other) noexcept;
     void drop() noexcept;
     bool reserve(std::size_t units);
     bool grow(std::size_t units);
     bool reserve_bytes(std::size_t bytes, std::size_t keep) const;
     void set_length(unsigned units) noexcept;
-    bool decode(const char * bytes, std::size_t count, std::size_t readable);
-    int gather_line(std::FILE * stream);
+    bool decode(const char * bytes, std::size_t count);
     ustring & splice(unsigned pos, unsigned removed, const char16_t * text, unsigned n);
     template <class Change>
     ustring & change_case(unsigned pos, unsigned n, Change change);
 
     unsigned length_ = 0;
-    unsigned capacity_ = inside; // units, the closing zero not counted
-    char16_t * units_ = inside_;
+    unsigned capacity_ = inline_capacity; // units, the closing zero not counted
+    char16_t * units_ = inline_units_;
     // The multi-byte form, made when asked for.
-    mutable unsigned bytes_length_ = stale;
+    mutable unsigned bytes_length_ = no_cache;
     mutable unsigned bytes_capacity_ = 0;
     mutable char * bytes_ = nullptr;
-    char16_t inside_[inside + 1];
+    char16_t inline_units_[inline_capacity + 1];
 };
 
 } // namespace orvet

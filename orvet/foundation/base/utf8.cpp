@@ -1,5 +1,8 @@
 #include "orvet/foundation/base/utf8.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace orvet::utf8 {
 
 namespace {
@@ -67,14 +70,54 @@ char * put(char * out, char32_t code)
     return out;
 }
 
-/// Widens bytes that are ASCII; the last block runs over the end where `readable` saves cutting it to size.
-void widen(const char * bytes, std::size_t count, std::size_t readable, char16_t * units)
+/// Widens a block of bytes and collects their bits. Compilers make a few vector instructions of it, since the
+/// copy can't overlap the units.
+template <std::size_t Block>
+void widen_block(const char * bytes, char16_t * units, unsigned char (&bits)[Block])
 {
-    const std::size_t whole = count / block * block;
-    std::size_t done = count == whole || whole + block <= readable ? count : whole;
-    widen_blocks(bytes, done, units);
-    for (; done < count; ++done)
-        units[done] = static_cast<unsigned char>(bytes[done]);
+    unsigned char copy[Block];
+    std::memcpy(copy, bytes, Block);
+    for (std::size_t i = 0; i < Block; ++i) {
+        units[i] = copy[i];
+        bits[i] |= copy[i];
+    }
+}
+
+template <std::size_t Block>
+bool is_ascii(const unsigned char (&bits)[Block])
+{
+    std::uint64_t words[Block / 8];
+    std::memcpy(words, bits, Block);
+    std::uint64_t all = 0;
+    for (const std::uint64_t word : words)
+        all |= word;
+    return (all & 0x8080808080808080U) == 0;
+}
+
+/// Widens the bytes in blocks, the last of which overlaps the one before; `count` is at least one block. Right
+/// for ASCII alone: false if there is something else.
+template <std::size_t Block>
+bool widen_blocks(const char * bytes, std::size_t count, char16_t * units)
+{
+    unsigned char bits[Block] = {};
+    for (std::size_t done = 0; done + Block <= count; done += Block)
+        widen_block(bytes + done, units + done, bits);
+    widen_block(bytes + count - Block, units + count - Block, bits);
+    return is_ascii(bits);
+}
+
+bool widen_ascii(const char * bytes, std::size_t count, char16_t * units)
+{
+    if (count >= 16)
+        return widen_blocks<16>(bytes, count, units);
+    if (count >= 8)
+        return widen_blocks<8>(bytes, count, units);
+    unsigned char seen = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        units[i] = static_cast<unsigned char>(bytes[i]);
+        seen |= static_cast<unsigned char>(bytes[i]);
+    }
+    return seen < 0x80;
 }
 
 /// Narrows the units, right for ASCII alone: false when there is something else.
@@ -90,24 +133,21 @@ bool narrow_ascii(const char16_t * units, std::size_t count, char * bytes)
 
 } // namespace
 
-std::size_t decode(const char * bytes, std::size_t count, std::size_t readable, char16_t * units) noexcept
+std::size_t decode(const char * bytes, std::size_t count, char16_t * units) noexcept
 {
-    const char * at = bytes;
-    const char * const end = bytes + count;
+    if (widen_ascii(bytes, count, units))
+        return count;
+    const auto * at = reinterpret_cast<const unsigned char *>(bytes);
+    const auto * const end = at + count;
     char16_t * out = units;
     while (at != end) {
-        const auto left = static_cast<std::size_t>(end - at);
-        const character found = read_character(reinterpret_cast<const unsigned char *>(at), left);
-        if (found.bytes == 1) {
-            const char * const other = skip(at, end, [](auto byte) { return byte >= 0; });
-            const auto plain = static_cast<std::size_t>(other - at);
-            widen(at, plain, readable - static_cast<std::size_t>(at - bytes), out);
-            at = other;
-            out += plain;
+        if (*at < 0x80) {
+            *out++ = *at++;
             continue;
         }
+        const character found = read_character(at, static_cast<std::size_t>(end - at));
         if (found.bytes == 0) {
-            *out++ = static_cast<char16_t>(escape_base + static_cast<unsigned char>(*at++));
+            *out++ = static_cast<char16_t>(escape_base + *at++);
             continue;
         }
         if (found.code < 0x10000) {

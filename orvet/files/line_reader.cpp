@@ -1,0 +1,275 @@
+#include "orvet/files/line_reader_internal.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "orvet/foundation/base/memory.h"
+#include "orvet/foundation/platform/files.h"
+
+namespace orvet {
+
+namespace {
+
+constexpr std::size_t block_size = 65536;
+
+const char * find_feed(const char * at, const char * end)
+{
+    return static_cast<const char *>(std::memchr(at, '\n', static_cast<std::size_t>(end - at)));
+}
+
+/// The end of the last whole line; `begin` if there is none.
+const char * end_of_lines(const char * begin, const char * end)
+{
+    while (end != begin && end[-1] != '\n')
+        --end;
+    return end;
+}
+
+/// The next line feed before `end` with the byte `other` at that distance from it; null if there is none. Most
+/// chunks hold none, which compilers find out for all bytes of a chunk side by side.
+const char * find_feed_with(char other, std::size_t distance, const char * at, const char * end)
+{
+    constexpr std::ptrdiff_t chunk = 64;
+    for (; end - at >= chunk; at += chunk) {
+        const char * const ahead = at + distance;
+        unsigned char hits = 0;
+        for (std::ptrdiff_t i = 0; i < chunk; ++i)
+            hits |= static_cast<unsigned char>((at[i] == '\n') & (ahead[i] == other));
+        if (hits)
+            break;
+    }
+    while (at < end) {
+        const char * const feed = find_feed(at, end);
+        if (!feed || feed[distance] == other)
+            return feed;
+        at = feed + 1;
+    }
+    return nullptr;
+}
+
+/// If the line at `line`, which is whole, equals `head`: the line after it, else null.
+const char * pass_line(const char * line, const char * lines_end, const char * head, std::size_t length)
+{
+    if (static_cast<std::size_t>(lines_end - line) <= length || std::memcmp(line, head, length) != 0)
+        return nullptr;
+    const char * const end = line + length;
+    if (*end == '\r' && end[1] == '\n')
+        return end + 2;
+    const bool cut_return = length != 0 && head[length - 1] == '\r'; // which belongs to the line end
+    return *end == '\n' && !cut_return ? end + 1 : nullptr;
+}
+
+/// Whether a line of a file can have that text, whose bytes are given.
+bool is_line(const ustring & text, const char * bytes, std::size_t length)
+{
+    return !std::memchr(bytes, '\n', length) && ustring().assign(bytes, length) == text;
+}
+
+} // namespace
+
+void line_reader::attach(std::FILE * stream, bool is_text)
+{
+    drop();
+    stream_ = stream;
+    source_ = is_text ? source::lines : source::unknown;
+    at_end_ = false;
+    failed_ = false;
+}
+
+void line_reader::release_block()
+{
+    release(std::exchange(block_, nullptr));
+    capacity_ = 0;
+    at_ = end_ = "";
+}
+
+void line_reader::drop()
+{
+    if (capacity_ > block_size) // a long line had it grow
+        release_block();
+    at_ = end_ = block_ ? block_ : "";
+    end_position_ = unknown;
+    next_ = after_block::more;
+    at_end_ = false;
+}
+
+/// Decides at the first read how the stream is read.
+bool line_reader::reads_blocks()
+{
+    if (source_ == source::unknown)
+        source_ = platform::is_seekable(stream_) ? source::blocks : source::lines;
+    return source_ == source::blocks;
+}
+
+/// Makes room after what was read ahead. False if allocation fails.
+bool line_reader::make_room()
+{
+    const std::size_t kept = unread();
+    if (kept == capacity_) {
+        const std::size_t capacity = std::max(block_size, 2 * capacity_);
+        char * const grown = allocate<char>(capacity);
+        if (!grown)
+            return false;
+        std::memcpy(grown, at_, kept);
+        release(std::exchange(block_, grown));
+        capacity_ = capacity;
+    } else {
+        std::memmove(block_, at_, kept);
+    }
+    at_ = block_;
+    end_ = block_ + kept;
+    return true;
+}
+
+/// Reads on, after what is left of the block. False if allocation fails.
+bool line_reader::fill()
+{
+    if (!make_room())
+        return false;
+    if (end_position_ == unknown)
+        end_position_ = platform::tell(stream_);
+    const std::size_t room = capacity_ - unread();
+    const std::size_t got = platform::read(stream_, block_ + unread(), room);
+    end_ += got;
+    if (end_position_ != unknown)
+        end_position_ += static_cast<long long>(got);
+    if (got < room)
+        next_ = std::feof(stream_) ? after_block::end : after_block::error;
+    at_end_ = false;
+    return true;
+}
+
+/// Notes what a call has come to; the next one tries again.
+void line_reader::report(after_block reason)
+{
+    at_end_ = reason == after_block::end;
+    failed_ = failed_ || reason == after_block::error;
+    next_ = after_block::more;
+}
+
+int line_reader::hand_out(ustring & line, std::size_t length, const char * next)
+{
+    memory_watch watch;
+    line.assign(at_, length);
+    if (watch.failed())
+        return 0;
+    at_ = next;
+    return 1;
+}
+
+int line_reader::get_line(ustring & line)
+{
+    std::size_t searched = 0;
+    for (;;) {
+        if (const char * const feed = find_feed(at_ + searched, end_)) {
+            const auto length = static_cast<std::size_t>(feed - at_);
+            return hand_out(line, length - (length != 0 && feed[-1] == '\r'), feed + 1);
+        }
+        if (next_ != after_block::more)
+            break;
+        if (!reads_blocks()) {
+            const int read = line.getline(stream_);
+            if (!read)
+                report(std::feof(stream_)     ? after_block::end
+                       : std::ferror(stream_) ? after_block::error
+                                              : after_block::more); // allocation failed
+            return read;
+        }
+        searched = unread();
+        if (!fill())
+            return 0;
+    }
+    if (next_ == after_block::end && at_ != end_)
+        return hand_out(line, unread(), end_);
+    report(next_);
+    return 0;
+}
+
+bool line_reader::find_line(const ustring & head)
+{
+    if (!reads_blocks())
+        return find_by_line(head);
+    memory_watch watch;
+    const char * const bytes = head.mbcs_str();
+    const std::size_t length = head.mbcs_length();
+    const bool possible = is_line(head, bytes, length);
+    if (watch.failed())
+        return false;
+    for (;;) {
+        const char * const lines_end = end_of_lines(at_, end_);
+        if (possible && find_in_block(bytes, length, lines_end))
+            return true;
+        at_ = lines_end;
+        if (next_ != after_block::more)
+            break;
+        if (!fill())
+            return false;
+    }
+    if (next_ == after_block::end && at_ != end_) {
+        const bool found = possible && unread() == length && std::memcmp(at_, bytes, length) == 0;
+        at_ = end_;
+        if (found)
+            return true;
+    }
+    report(next_);
+    return false;
+}
+
+/// The same among the whole lines of the block.
+bool line_reader::find_in_block(const char * head, std::size_t length, const char * lines_end)
+{
+    const char last = length != 0 ? head[length - 1] : '\n';
+    for (const char * line = at_; line < lines_end;) {
+        if (const char * const next = pass_line(line, lines_end, head, length)) {
+            at_ = next;
+            return true;
+        }
+        if (static_cast<std::size_t>(lines_end - line) <= length)
+            return false;
+        const char * const feed = find_feed_with(last, length, line, lines_end - length);
+        if (!feed)
+            return false;
+        line = feed + 1;
+    }
+    return false;
+}
+
+bool line_reader::find_by_line(const ustring & head)
+{
+    ustring line;
+    while (get_line(line))
+        if (line == head)
+            return true;
+    return false;
+}
+
+std::size_t line_reader::read(void * bytes, std::size_t size)
+{
+    const std::size_t ready = std::min(unread(), size);
+    if (ready != 0)
+        std::memcpy(bytes, at_, ready);
+    at_ += ready;
+    if (ready == size)
+        return size;
+    if (next_ != after_block::more) {
+        report(next_);
+        return ready;
+    }
+    const std::size_t rest = size - ready;
+    const std::size_t got = platform::read(stream_, static_cast<char *>(bytes) + ready, rest);
+    if (end_position_ != unknown)
+        end_position_ += static_cast<long long>(got);
+    if (got < rest)
+        report(std::feof(stream_) ? after_block::end : after_block::error);
+    return ready + got;
+}
+
+long long line_reader::position()
+{
+    if (end_position_ == unknown)
+        return platform::tell(stream_);
+    return end_position_ - static_cast<long long>(unread());
+}
+
+} // namespace orvet

@@ -1,0 +1,25 @@
+# What the platform layer is made of on this system. A new system is added here and beside this file.
+include(CheckCXXSourceCompiles)
+
+set(platform_concerns errors files native_text processes)
+if(WIN32)
+  set(platform_system windows)
+  set(platform_heap windows)
+else()
+  set(platform_system posix)
+  check_cxx_source_compiles("#include <malloc.h>
+    int main() { return static_cast<int>(mallinfo2().arena); }" ORVET_GLIBC_HEAP)
+  if(ORVET_GLIBC_HEAP)
+    set(platform_heap glibc)
+  else()
+    set(platform_heap portable)
+  endif()
+endif()
+
+set(platform_sources foundation/platform/files.cpp foundation/platform/heap.${platform_heap}.cpp)
+foreach(concern IN LISTS platform_concerns)
+  list(APPEND platform_sources foundation/platform/${concern}.${platform_system}.cpp)
+endforeach()
+if(WIN32)
+  list(APPEND platform_sources foundation/platform/load.windows.cpp)
+endif()
