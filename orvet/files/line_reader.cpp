@@ -148,26 +148,33 @@ void line_reader::report(after_block reason)
     next_ = after_block::more;
 }
 
-int line_reader::hand_out(ustring & line, std::size_t length, const char * next)
+/// Hands out what was read ahead up to `length` bytes, and goes on at `next`.
+inline int line_reader::hand_out(ustring & line, std::size_t length, const char * next)
 {
-    memory_watch watch;
-    line.assign(at_, length);
-    if (watch.failed())
+    if (!line.decode(at_, length))
         return 0;
     at_ = next;
     return 1;
 }
 
+/// Hands out the line that ends at `feed`.
+inline int line_reader::hand_out(ustring & line, const char * feed)
+{
+    const bool has_return = feed != at_ && feed[-1] == '\r';
+    return hand_out(line, static_cast<std::size_t>(feed - at_) - has_return, feed + 1);
+}
+
 int line_reader::get_line(ustring & line)
 {
-    std::size_t searched = 0;
-    for (;;) {
-        if (const char * const feed = find_feed(at_ + searched, end_)) {
-            const auto length = static_cast<std::size_t>(feed - at_);
-            return hand_out(line, length - (length != 0 && feed[-1] == '\r'), feed + 1);
-        }
-        if (next_ != after_block::more)
-            break;
+    const char * const feed = find_feed(at_, end_);
+    return feed ? hand_out(line, feed) : read_line(line);
+}
+
+/// Reads the next line, of which the block holds a part at most.
+int line_reader::read_line(ustring & line)
+{
+    std::size_t searched = unread();
+    while (next_ == after_block::more) {
         if (!reads_blocks()) {
             const int read = line.getline(stream_);
             if (!read)
@@ -176,9 +183,11 @@ int line_reader::get_line(ustring & line)
                                               : after_block::more); // allocation failed
             return read;
         }
-        searched = unread();
         if (!fill())
             return 0;
+        if (const char * const feed = find_feed(at_ + searched, end_))
+            return hand_out(line, feed);
+        searched = unread();
     }
     if (next_ == after_block::end && at_ != end_)
         return hand_out(line, unread(), end_);

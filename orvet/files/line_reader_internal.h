@@ -51,6 +51,8 @@ private:
     bool fill();
     bool make_room();
     void release_block();
+    int read_line(ustring & line);
+    int hand_out(ustring & line, const char * feed);
     int hand_out(ustring & line, std::size_t length, const char * next);
     bool find_in_block(const char * head, std::size_t length, const char * lines_end);
     bool find_by_line(const ustring & head);

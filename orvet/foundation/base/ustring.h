@@ -120,6 +120,8 @@ protected:
     long codable_version() const override;
 
 private:
+    friend class line_reader;
+
     enum : unsigned { inline_capacity = 15 }; // units kept in the object itself
     enum : unsigned { no_cache = npos };      // a length: the multi-byte form is not that of the text
 

@@ -2,6 +2,9 @@
 
 #include <cstdint>
 #include <cstring>
+#include <functional>
+#include <iterator>
+#include <numeric>
 
 namespace orvet::utf8 {
 
@@ -70,28 +73,18 @@ char * put(char * out, char32_t code)
     return out;
 }
 
-/// Widens a block of bytes and collects their bits. Compilers make a few vector instructions of it, since the
-/// copy can't overlap the units.
+/// Widens a block of bytes. Compilers make a few vector instructions of it, since the copy can't overlap the
+/// units. Returns all bits of the bytes.
 template <std::size_t Block>
-void widen_block(const char * bytes, char16_t * units, unsigned char (&bits)[Block])
+std::uint64_t widen_block(const char * bytes, char16_t * units)
 {
     unsigned char copy[Block];
     std::memcpy(copy, bytes, Block);
-    for (std::size_t i = 0; i < Block; ++i) {
+    for (std::size_t i = 0; i < Block; ++i)
         units[i] = copy[i];
-        bits[i] |= copy[i];
-    }
-}
-
-template <std::size_t Block>
-bool is_ascii(const unsigned char (&bits)[Block])
-{
     std::uint64_t words[Block / 8];
-    std::memcpy(words, bits, Block);
-    std::uint64_t all = 0;
-    for (const std::uint64_t word : words)
-        all |= word;
-    return (all & 0x8080808080808080U) == 0;
+    std::memcpy(words, bytes, Block);
+    return std::accumulate(std::begin(words), std::end(words), std::uint64_t{0}, std::bit_or<>());
 }
 
 /// Widens the bytes in blocks, the last of which overlaps the one before; `count` is at least one block. Right
@@ -99,11 +92,11 @@ bool is_ascii(const unsigned char (&bits)[Block])
 template <std::size_t Block>
 bool widen_blocks(const char * bytes, std::size_t count, char16_t * units)
 {
-    unsigned char bits[Block] = {};
+    std::uint64_t bits = 0;
     for (std::size_t done = 0; done + Block <= count; done += Block)
-        widen_block(bytes + done, units + done, bits);
-    widen_block(bytes + count - Block, units + count - Block, bits);
-    return is_ascii(bits);
+        bits |= widen_block<Block>(bytes + done, units + done);
+    bits |= widen_block<Block>(bytes + count - Block, units + count - Block);
+    return (bits & 0x8080808080808080U) == 0;
 }
 
 bool widen_ascii(const char * bytes, std::size_t count, char16_t * units)
@@ -120,23 +113,9 @@ bool widen_ascii(const char * bytes, std::size_t count, char16_t * units)
     return seen < 0x80;
 }
 
-/// Narrows the units, right for ASCII alone: false when there is something else.
-bool narrow_ascii(const char16_t * units, std::size_t count, char * bytes)
+/// Decodes what is not ASCII alone.
+std::size_t decode_characters(const char * bytes, std::size_t count, char16_t * units)
 {
-    char16_t seen = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        seen |= units[i];
-        bytes[i] = static_cast<char>(units[i]);
-    }
-    return seen < 0x80;
-}
-
-} // namespace
-
-std::size_t decode(const char * bytes, std::size_t count, char16_t * units) noexcept
-{
-    if (widen_ascii(bytes, count, units))
-        return count;
     const auto * at = reinterpret_cast<const unsigned char *>(bytes);
     const auto * const end = at + count;
     char16_t * out = units;
@@ -159,6 +138,24 @@ std::size_t decode(const char * bytes, std::size_t count, char16_t * units) noex
         at += found.bytes;
     }
     return static_cast<std::size_t>(out - units);
+}
+
+/// Narrows the units, right for ASCII alone: false when there is something else.
+bool narrow_ascii(const char16_t * units, std::size_t count, char * bytes)
+{
+    char16_t seen = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        seen |= units[i];
+        bytes[i] = static_cast<char>(units[i]);
+    }
+    return seen < 0x80;
+}
+
+} // namespace
+
+std::size_t decode(const char * bytes, std::size_t count, char16_t * units) noexcept
+{
+    return widen_ascii(bytes, count, units) ? count : decode_characters(bytes, count, units);
 }
 
 std::size_t encode(const char16_t * units, std::size_t count, char * bytes) noexcept
