@@ -30,8 +30,8 @@ public:
     /// is still open is closed first, without a word. 250 when it can't be opened, a directory included; with
     /// 253 and 256, from measuring, the object is open and still has to be closed.
     short open(const char * mode);
-    /// Whether reading or writing has failed since the file was opened: tells a read error from the end of the
-    /// file.
+    /// Whether reading or writing has failed since the file was opened: tells a read error from the end of
+    /// the file.
     bool error() const;
     /// Whether the last read came to the end of the file. A read that found nothing while this is false has
     /// failed.
@@ -98,8 +98,8 @@ public:
 private:
     friend class file_input_parms;
 
-    /// In this order: without a stream, since the file is closed, or `fclose` has failed and the object counts
-    /// as open; with one, which is just opened, or was last used for reading or writing.
+    /// In this order: without a stream, since the file is closed, or `fclose` has failed and the object
+    /// counts as open; with one, which is just opened, or was last used for reading or writing.
     enum class state { closed, close_failed, opened, reading, writing };
 
     bool check_open(const class call_trace & trace) const;
@@ -116,9 +116,9 @@ private:
     std::FILE * file_handle_ = nullptr; // from `opened` on
     long size_ = 0;
     state state_ = state::closed;
-    bool failed_ = false;         // in writing; the reader knows of reading
-    bool flush_failed_ = false;   // for bytes that were written before, so `close` has to report it
-    bool is_text_update_ = false; // opened for reading and writing of text
+    bool failed_ = false;                  // in writing; the reader knows of reading
+    bool flush_failed_ = false;            // for bytes that were written before, so `close` has to report it
+    bool is_text_update_ = false;          // opened for reading and writing of text
     class line_reader * reader_ = nullptr; // made by the first `open`
     ustring line_;                         // a line that only navigation sees
 };

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <utility>
 
 #include "orvet/foundation/base/memory.h"
+#include "orvet/foundation/base/utf8.h"
 #include "orvet/foundation/platform/files.h"
 
 namespace orvet {
@@ -26,8 +28,8 @@ const char * end_of_lines(const char * begin, const char * end)
     return end;
 }
 
-/// The next line feed before `end` with the byte `other` at that distance from it; null if there is none. Most
-/// chunks hold none, which compilers find out for all bytes of a chunk side by side.
+/// The next line feed before `end` with the byte `other` at that distance from it; null if there is none.
+/// Most chunks hold none, which compilers find out for all bytes of a chunk side by side.
 const char * find_feed_with(char other, std::size_t distance, const char * at, const char * end)
 {
     constexpr std::ptrdiff_t chunk = 64;
@@ -60,11 +62,32 @@ const char * pass_line(const char * line, const char * lines_end, const char * h
     return *end == '\n' && !cut_return ? end + 1 : nullptr;
 }
 
-/// Whether a line of a file can have that text, whose bytes are given.
-bool is_line(const ustring & text, const char * bytes, std::size_t length)
-{
-    return !std::memchr(bytes, '\n', length) && ustring().assign(bytes, length) == text;
-}
+/// A text as the bytes of a line.
+class line_bytes {
+public:
+    explicit line_bytes(const ustring & text)
+    {
+        const bool is_short = text.length() <= std::size(room_) / 3;
+        bytes_ = is_short ? room_ : text.mbcs_str();
+        length_ = is_short ? utf8::encode(text.data(), text.length(), room_) : text.mbcs_length();
+        // Halves and escapes may join to other characters than those of the text.
+        const bool is_ascii = std::none_of(text.data(), text.data() + text.length(),
+                                           [](char16_t unit) { return unit >= 0x80; });
+        possible_ =
+            !std::memchr(bytes_, '\n', length_) && (is_ascii || ustring().assign(bytes_, length_) == text);
+    }
+
+    const char * begin() const { return bytes_; }
+    std::size_t length() const { return length_; }
+    /// Whether a line can have these bytes and be that text.
+    bool possible() const { return possible_; }
+
+private:
+    const char * bytes_;
+    std::size_t length_;
+    bool possible_;
+    char room_[384];
+};
 
 } // namespace
 
@@ -200,14 +223,14 @@ bool line_reader::find_line(const ustring & head)
     if (!reads_blocks())
         return find_by_line(head);
     memory_watch watch;
-    const char * const bytes = head.mbcs_str();
-    const std::size_t length = head.mbcs_length();
-    const bool possible = is_line(head, bytes, length);
+    const line_bytes text(head);
+    const char * const bytes = text.begin();
+    const std::size_t length = text.length();
     if (watch.failed())
         return false;
     for (;;) {
         const char * const lines_end = end_of_lines(at_, end_);
-        if (possible && find_in_block(bytes, length, lines_end))
+        if (text.possible() && find_in_block(bytes, length, lines_end))
             return true;
         at_ = lines_end;
         if (next_ != after_block::more)
@@ -216,7 +239,7 @@ bool line_reader::find_line(const ustring & head)
             return false;
     }
     if (next_ == after_block::end && at_ != end_) {
-        const bool found = possible && unread() == length && std::memcmp(at_, bytes, length) == 0;
+        const bool found = text.possible() && unread() == length && std::memcmp(at_, bytes, length) == 0;
         at_ = end_;
         if (found)
             return true;

@@ -8,12 +8,12 @@
 
 namespace orvet {
 
-/// Reads lines from a stream. A block of a regular file is read at once and taken apart; a pipe, a device or a
-/// stream in text mode is read up to a line end and no further.
+/// Reads lines from a stream. A block of a regular file is read at once and taken apart; a pipe, a device or
+/// a stream in text mode is read up to a line end and no further.
 ///
 /// A line ends at LF, CR LF or the end of the file. A line that a read error cuts, or for which allocation
-/// fails, is not handed out; the next call tries it again. A call that fails is told apart from the end of the
-/// file by `at_end`.
+/// fails, is not handed out; the next call tries it again. A call that fails is told apart from the end of
+/// the file by `at_end`.
 class line_reader {
 public:
     line_reader() = default;
@@ -21,12 +21,14 @@ public:
     line_reader & operator=(const line_reader &) = delete;
     ~line_reader() { release_block(); }
 
-    /// Begins on a stream, which stays its owner's; null for none. `is_text`: the runtime translates line ends.
+    /// Begins on a stream, which stays its owner's; null for none. `is_text`: the runtime translates line
+    /// ends.
     void attach(std::FILE * stream, bool is_text = false);
 
     /// Reads the next line. Not 0 if there was one, else `line` is unchanged.
     int get_line(ustring & line);
-    /// Moves to the line after the next one that equals `head`. False, at the end of the file, if there is none.
+    /// Moves to the line after the next one that equals `head`. False, at the end of the file, if there is
+    /// none.
     bool find_line(const ustring & head);
     /// As `fread` with items of one byte.
     std::size_t read(void * bytes, std::size_t size);

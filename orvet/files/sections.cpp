@@ -53,8 +53,8 @@ ustring build_server_rr(const ustring & name)
     return server;
 }
 
-/// Reads on until after the line `head`; false if there is none. While the trace is shut, lines that are passed
-/// need not become texts.
+/// Reads on until after the line `head`; false if there is none. While the trace is shut, lines that are
+/// passed need not become texts.
 bool kt_file::pass_line(const ustring & head)
 {
     if (state_ >= state::opened && !system_trace::passes(severity::info)) {

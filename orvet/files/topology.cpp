@@ -1,10 +1,11 @@
 #include "orvet/files/topology.h"
 
 #include <algorithm>
-#include <functional>
-#include <memory>
+#include <new>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "orvet/files/kt_file.h"
 #include "orvet/files/sections.h"
@@ -36,131 +37,127 @@ sof_entry * target_section(codable * item)
     return section && section->sect_type == sof_entry::target_sect ? section : nullptr;
 }
 
-/// One domain with its section, ready for the topology vector; null when memory is short.
-top_entry * make_domain(const ustring & name, pathname dep_path, const ustring & head)
+/// One line of a topology section, "key = kind,name,mode,dependency", in texts that the next one reuses.
+struct topology_line {
+    /// Takes the line apart; a token that is missing is empty.
+    void parse(const ustring & key, const ustring & value)
+    {
+        head.assign("[").append(key).append("]");
+        ustring * const tokens[] = {nullptr, &name, &mode, &dependency};
+        unsigned begin = 0;
+        for (ustring * const token : tokens) {
+            const unsigned end = std::min(value.find(u',', begin), value.length());
+            if (token)
+                token->assign(value, begin, end - begin);
+            begin = end + 1;
+        }
+    }
+    /// The first domain of a section depends on nothing, whatever its line says.
+    void make_root()
+    {
+        dependency.assign("");
+        dep_path = "";
+    }
+    void make_path()
+    {
+        dep_path = build_server_rr(dependency);
+        dep_path += build_server_rr(name);
+    }
+
+    ustring head;
+    ustring name;
+    ustring mode;
+    ustring dependency;
+    pathname dep_path;
+};
+
+/// One domain with its section; null if allocation fails.
+top_entry * make_domain(const topology_line & line)
 {
     memory_watch watch;
-    auto * const domain = make<top_entry>(name, pathname(), vector());
-    if (domain) {
-        domain->dep_path = std::move(dep_path);
-        domain->trg_sect_info.push_back(make<sof_entry>(head, sof_entry::target_sect));
-    }
+    auto * const domain = make<top_entry>(line.name, line.dep_path, vector());
+    if (domain)
+        domain->trg_sect_info.push_back(make<sof_entry>(line.head, sof_entry::target_sect));
     if (!watch.failed())
         return domain;
     delete domain;
     return nullptr;
 }
 
-/// The domains of a topology section, to be found by their name while some of them are taken out, in a time
-/// that does not grow with their number.
-class domain_finder {
+/// The domains of a topology section by their names, while some of them are removed.
+class domain_index {
 public:
-    /// Makes room for `count` domains. False when memory is short.
-    bool reserve(int count)
+    /// Of all `count` domains, which have to outlive the index.
+    domain_index(codable * const * domains, int count)
+        : domains_(domains), next_(static_cast<std::size_t>(count), none), removed_(next_.size(), false)
     {
-        const auto domains = static_cast<std::size_t>(std::max(count, 1));
-        while (chain_count_ < domains)
-            chain_count_ *= 2;
-        domains_.reset(new (std::nothrow) domain[domains]);
-        dependencies_.reset(new (std::nothrow) ustring[domains]);
-        chains_.reset(new (std::nothrow) int[chain_count_]);
-        return domains_ && dependencies_ && chains_;
-    }
-
-    /// Takes in the next domain, which has to stay where it is, and the name of the one that it depends on.
-    void add(const top_entry & entry, ustring dependency)
-    {
-        domains_[size_] = {&entry, hash(entry.domain_name), none, false};
-        dependencies_[size_++] = std::move(dependency);
-    }
-
-    /// Readies what has been added to be found.
-    void link()
-    {
-        std::fill_n(chains_.get(), chain_count_, none);
-        for (int i = size_ - 1; i >= 0; --i) { // so that the first of a name comes first in its chain
-            int & chain = chain_of(domains_[i].hash);
-            domains_[i].next = chain;
-            chain = i;
+        first_.reserve(next_.size());
+        for (int i = count - 1; i >= 0; --i) { // so that the first of a name comes first
+            const auto [known, is_new] = first_.try_emplace(name_of(i), i);
+            if (!is_new)
+                next(i) = std::exchange(known->second, i);
         }
     }
 
-    /// The first domain of that name which is still in; `none` when there is none.
+    /// The first domain of that name that is not removed; `none` if there is none.
     int find(const ustring & name)
     {
-        const unsigned wanted = hash(name);
-        for (int * at = &chain_of(wanted); *at != none;) {
-            domain & there = domains_[*at];
-            if (there.out)
-                *at = there.next;
-            else if (there.hash == wanted && there.entry->domain_name == name)
-                return *at;
-            else
-                at = &there.next;
-        }
-        return none;
+        const auto known = first_.find(view(name));
+        if (known == first_.end())
+            return none;
+        int & i = known->second;
+        while (i != none && removed_[static_cast<std::size_t>(i)])
+            i = next(i);
+        return i;
     }
 
-    void take_out(int i) { domains_[i].out = true; }
-    int size() const { return size_; }
-    const top_entry & entry(int i) const { return *domains_[i].entry; }
-    const ustring & dependency(int i) const { return dependencies_[i]; }
+    void remove(int i) { removed_[static_cast<std::size_t>(i)] = true; }
 
     static constexpr int none = -1;
 
 private:
-    struct domain {
-        const top_entry * entry;
-        unsigned hash;
-        int next; // of its chain
-        bool out;
-    };
-
-    static unsigned hash(const ustring & name)
+    static std::u16string_view view(const ustring & text) { return {text.data(), text.length()}; }
+    std::u16string_view name_of(int i) const
     {
-        return static_cast<unsigned>(std::hash<std::u16string_view>{}({name.data(), name.length()}));
+        return view(static_cast<const top_entry *>(domains_[i])->domain_name);
     }
-    int & chain_of(unsigned hash) { return chains_[hash & (chain_count_ - 1)]; }
+    int & next(int i) { return next_[static_cast<std::size_t>(i)]; }
 
-    int size_ = 0;
-    std::size_t chain_count_ = 1;
-    std::unique_ptr<domain[]> domains_;
-    std::unique_ptr<ustring[]> dependencies_;
-    std::unique_ptr<int[]> chains_; // the first domain of each
+    codable * const * domains_;
+    std::unordered_map<std::u16string_view, int> first_;
+    std::vector<int> next_; // of the same name
+    std::vector<bool> removed_;
 };
 
-/// Takes out of `topv`, which ends in the domains of `finder`, those whose dependency is not there when their
-/// turn comes. False when memory is short.
-bool check_dependencies(const call_trace & trace, vector & topv, domain_finder & finder)
+/// Removes those domains from `topv`, which ends in them, whose dependency does not exist when it is their
+/// turn.
+void check_dependencies(const call_trace & trace, vector & topv, const std::vector<ustring> & dependencies)
 {
-    const auto count = static_cast<unsigned>(finder.size());
-    std::unique_ptr<int[]> index(new (std::nothrow) int[count]); // of the domains looked at so far
-    if (!index)
-        return false;
-    finder.link();
-    const unsigned others = topv.size() - count; // none, by the rules of the call
+    const auto count = static_cast<int>(dependencies.size());
+    const unsigned others = topv.size() - static_cast<unsigned>(count); // none, by the rules of the call
     codable ** const items = topv.items() + others;
-    int kept = 0; // the index at which the domain in hand stands, those taken out not counted
-    for (int number = 0; number < finder.size(); ++number) {
-        const ustring & dependency = finder.dependency(number);
-        const bool depends = dependency.length() != 0;
-        index[number] = kept;
-        const int found = depends ? finder.find(dependency) : finder.none;
-        if (!depends || found != finder.none) {
-            if (depends)
-                trace.info("Valid dependency found: <%d,%s> by <%d,%s>", kept, dependency,
-                           found <= number ? index[found] : found - (number - kept),
-                           finder.entry(found).domain_name);
-            std::swap(items[kept++], items[number]);
+    const std::vector<codable *> domains(items, items + count); // in the order of the file
+    domain_index index(domains.data(), count);
+    std::vector<int> positions(dependencies.size()); // in `topv`, of the domains looked at so far
+    int kept = 0; // the position of the domain in hand: removed ones don't count
+    for (int number = 0; number < count; ++number) {
+        const auto & domain = static_cast<const top_entry &>(*domains[static_cast<std::size_t>(number)]);
+        const ustring & dependency = dependencies[static_cast<std::size_t>(number)];
+        positions[static_cast<std::size_t>(number)] = kept;
+        const int found = dependency.length() != 0 ? index.find(dependency) : number;
+        if (found == domain_index::none) {
+            trace.error("Invalid domaind dependency found <%d,%s,%s>", kept, domain.domain_name, dependency);
+            log_message(messages::MSG0107, number, domain.domain_name, dependency);
+            index.remove(number);
             continue;
         }
-        const ustring & name = finder.entry(number).domain_name;
-        trace.error("Invalid domaind dependency found <%d,%s,%s>", kept, name, dependency);
-        log_message(messages::MSG0107, number, name, dependency);
-        finder.take_out(number);
+        if (dependency.length() != 0)
+            trace.info("Valid dependency found: <%d,%s> by <%d,%s>", kept, dependency,
+                       found <= number ? positions[static_cast<std::size_t>(found)] : found - (number - kept),
+                       dependency);
+        std::swap(items[kept++], items[number]);
     }
-    topv.resize(others + static_cast<unsigned>(kept)); // those taken out have gathered at the back
-    return true;
+    topv.resize(others + static_cast<unsigned>(kept)); // the removed ones have gathered at the end
 }
 
 } // namespace
@@ -204,9 +201,9 @@ short print_topv(const vector & topv, const char * label)
 int sort_on_dep_len(const void * a, const void * b)
 {
     const auto length = [](const void * item) {
-        return static_cast<const top_entry *>(*static_cast<codable * const *>(item))
-            ->dep_path.text()
-            .length();
+        const auto * const domain =
+            as<top_entry>(*static_cast<codable * const *>(item), class_tag::top_entry);
+        return domain ? domain->dep_path.text().length() : 0;
     };
     return length(a) < length(b) ? -1 : length(a) > length(b) ? 1 : 0;
 }
@@ -228,48 +225,45 @@ short kt_file::load_top(ustring & server, vector & topv)
         log_message(messages::MSG0111, i, section_name, file_path_);
         return trace.fail(rc);
     };
-    memory_watch watch;
-    const ustring expected(expected_mode);
-    domain_finder finder;
-    if (!finder.reserve(count))
-        return refuse(code::no_keyval, 0);
-    ustring key;
-    ustring value;
-    for (int i = 0; i < count; ++i) {
-        if (const short rc = get_keyval(key, value))
-            return refuse(rc, i);
-        const ustring head = ustring("[").append(key).append("]");
-        const ustring name = get_token(value, 1);
-        ustring dependency;
-        pathname dep_path;
-        ustring root;
-        if (i == 0) {
-            root = build_server_rr(name);
-        } else {
-            const ustring mode = get_token(value, 2);
-            if (mode != expected) {
-                trace.warning("Domain <%d,%s,%s> is not push", i, name, mode);
-                log_message(messages::MSG0108, i, name, mode);
+    int number = 0; // of the line in hand
+    try {
+        memory_watch watch;
+        const ustring expected(expected_mode);
+        std::vector<ustring> dependencies;
+        dependencies.reserve(static_cast<std::size_t>(std::max(count, 0)));
+        topology_line parts;
+        ustring key;
+        ustring value;
+        for (; number < count; ++number) {
+            if (const short rc = get_keyval(key, value))
+                return refuse(rc, number);
+            parts.parse(key, value);
+            ustring root;
+            if (number == 0) {
+                root = build_server_rr(parts.name);
+                parts.make_root();
+            } else {
+                if (parts.mode != expected) {
+                    trace.warning("Domain <%d,%s,%s> is not push", number, parts.name, parts.mode);
+                    log_message(messages::MSG0108, number, parts.name, parts.mode);
+                }
+                parts.make_path();
             }
-            dependency = get_token(value, 3);
-            dep_path = build_server_rr(dependency);
-            dep_path += build_server_rr(name);
+            trace.info("Dep = <%s , %s , %s> ", parts.head, parts.name, parts.dep_path);
+            topv.push_back(make_domain(parts));
+            dependencies.push_back(parts.dependency);
+            if (watch.failed()) {
+                topv.resize(static_cast<unsigned>(number));
+                return refuse(code::no_keyval, number);
+            }
+            if (number == 0)
+                server = std::move(root);
         }
-        trace.info("Dep = <%s , %s , %s> ", head, name, dep_path);
-        top_entry * const domain = make_domain(name, std::move(dep_path), head);
-        topv.push_back(domain);
-        if (!watch.failed())
-            finder.add(*domain, std::move(dependency));
-        if (watch.failed()) {
-            topv.resize(static_cast<unsigned>(i));
-            return refuse(code::no_keyval, i);
-        }
-        if (i == 0)
-            server = std::move(root);
+        print_topv(topv, "load_top_after_loading");
+        check_dependencies(trace, topv, dependencies);
+    } catch (const std::bad_alloc &) { // of the containers: nothing was removed yet
+        return refuse(code::no_keyval, number);
     }
-    print_topv(topv, "load_top_after_loading");
-    if (!check_dependencies(trace, topv, finder))
-        return refuse(code::no_keyval, count);
     print_topv(topv, "load_top_after_depcheck");
     return trace.leave(code::success);
 }
@@ -296,8 +290,10 @@ short kt_file::load_offsets(vector & topv)
         log_message(messages::MSG0114, section->sect_count, section->sect_name);
     }
     print_topv(topv, "load_dom_after_loading");
-    std::stable_sort(topv.items(), topv.items() + topv.size(),
-                     [](codable * a, codable * b) { return sort_on_dep_len(&a, &b) < 0; });
+    const auto shorter = [](codable * a, codable * b) { return sort_on_dep_len(&a, &b) < 0; };
+    codable ** const end = topv.items() + topv.size();
+    if (!std::is_sorted(topv.items(), end, shorter))
+        std::stable_sort(topv.items(), end, shorter);
     print_topv(topv, "load_dom_after_qsort");
     return trace.leave(code::success);
 }

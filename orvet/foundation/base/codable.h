@@ -8,8 +8,8 @@ namespace orvet {
 class encoder;
 class decoder;
 
-/// The classes that the library tells apart at run time. A tool built without type information may derive from
-/// any of them.
+/// The classes that the library tells apart at run time. A tool built without type information may derive
+/// from any of them.
 enum class class_tag : unsigned char { other, ustring, pathname, pair, top_entry, sof_entry };
 
 /// Root of every class whose objects can live in a `vector`.
@@ -62,7 +62,7 @@ protected:
 
 private:
     friend class vector;
-    unsigned holders_ = 0;                 // the vectors that hold this object
+    unsigned holders_ = 0;             // the vectors that hold this object
     class_tag tag_ = class_tag::other; // never copied: part of an object may be copied to another class
 };
 

@@ -16,8 +16,7 @@ public:
     /// Copies the text; `version` is 1.
     pathname(const pathname & other) : codable(class_tag::pathname), text_(other.text_) {}
     /// Leaves `other` empty.
-    pathname(pathname && other) noexcept
-        : codable(other, class_tag::pathname), text_(std::move(other.text_))
+    pathname(pathname && other) noexcept : codable(other, class_tag::pathname), text_(std::move(other.text_))
     {
     }
     ///@{

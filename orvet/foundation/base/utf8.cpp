@@ -87,8 +87,8 @@ std::uint64_t widen_block(const char * bytes, char16_t * units)
     return std::accumulate(std::begin(words), std::end(words), std::uint64_t{0}, std::bit_or<>());
 }
 
-/// Widens the bytes in blocks, the last of which overlaps the one before; `count` is at least one block. Right
-/// for ASCII alone: false if there is something else.
+/// Widens the bytes in blocks, the last of which overlaps the one before; `count` is at least one block.
+/// Right for ASCII alone: false if there is something else.
 template <std::size_t Block>
 bool widen_blocks(const char * bytes, std::size_t count, char16_t * units)
 {

@@ -32,8 +32,8 @@ int seek(std::FILE * stream, long offset, int origin);
 long long tell(std::FILE * stream);
 /// Whether the stream's file is one that can be read ahead: a regular file, not a pipe, terminal or device.
 bool is_seekable(std::FILE * stream);
-/// Switches the translation of line ends on or off, on a system that has one. Nothing may wait in the stream's
-/// buffer.
+/// Switches the translation of line ends on or off, on a system that has one. Nothing may wait in the
+/// stream's buffer.
 void set_text_mode(std::FILE * stream, bool on);
 
 /// Removes a file, never a directory. 0 for success.

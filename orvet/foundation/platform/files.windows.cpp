@@ -25,8 +25,8 @@ std::FILE * native::open_stream(const ustring & path, const char * mode)
         errno = EEXIST;
         return nullptr;
     }
-    // "N" keeps the handle from commands. In text mode this runtime reports wrong positions in a file with bare
-    // line feeds, so bytes are read.
+    // "N" keeps the handle from commands. In text mode this runtime reports wrong positions in a file with
+    // bare line feeds, so bytes are read.
     const bool as_bytes = std::strpbrk(mode, "r+") && !std::strpbrk(mode, "bt");
     wchar_t native_mode[64];
     _snwprintf(native_mode, std::size(native_mode), L"%cN%hs%hs", *mode, as_bytes ? "b" : "", mode + 1);

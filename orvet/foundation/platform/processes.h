@@ -11,8 +11,8 @@ extern const char print_command[];
 
 namespace native {
 
-/// Has the system's command shell run `line` unchanged, and waits for its end. Returns its exit value, 128 + n
-/// if signal n ended it, and -1, with `errno`, if no shell could be started.
+/// Has the system's command shell run `line` unchanged, and waits for its end. Returns its exit value, 128 +
+/// n if signal n ended it, and -1, with `errno`, if no shell could be started.
 int run_command(const ustring & line);
 
 } // namespace native
