@@ -17,6 +17,7 @@
 #include "orvet/foundation/call_trace.h"
 #include "orvet/foundation/codes.h"
 #include "orvet/foundation/environment.h"
+#include "orvet/foundation/explain.h"
 #include "orvet/foundation/ktobject.h"
 #include "orvet/foundation/messages.h"
 #include "orvet/foundation/trace.h"
