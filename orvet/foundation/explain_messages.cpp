@@ -83,7 +83,7 @@ constexpr explanation rows[] = {
  "disk can also show later, by MSG0019 or MSG0020.",
  "Make room on the disk, and run the tool again."},
 {messages::MSG0019, "kt_file::seek, kt_file::open",
- "The position can't be set: the name is that of a pipe or a terminal, the offset lies before the start, or there is no "
+ "The position can't be set: the name is that of a pipe or a terminal, the offset is before the start, or there is no "
  "room for what was written before. Origin 0 is the start of the file, 1 the current position, 2 the end. Returned 253; "
  "after open the file is still open.",
  "Name a regular file, and make room on the disk."},
@@ -118,7 +118,7 @@ constexpr explanation rows[] = {
  "Correct the line: \"count = \" and the number of topology lines. Split a larger discovery."},
 {messages::MSG0113, "kt_file::load_offsets",
  "A domain's target section is missing, is not in the order of the topology lines, or has no count line after its head. "
- "Returned 260, or 258 for the count line.",
+ "Returned 260, 258 for the count line, or the code of get_pos.",
  "Correct the file: one section for each domain, in the order of the topology lines."},
 {messages::MSG0114, "kt_file::load_offsets",
  "A domain's target section was found; the message comes once for each domain, with the head of the section.",
@@ -126,9 +126,9 @@ constexpr explanation rows[] = {
 
 // Input files.
 {messages::MSG0134, "VXA_inst_info::set, auth_profile_info::set, user_info::set",
- "A line of the input file begins with no keyword of its kind of file. A blank before the \"=\", an invisible byte order "
- "mark at the start of the file or a Ctrl-Z at its end make such a line. The reader stopped with 100; the records before "
- "the line are kept.",
+ "A line of the input file begins with no keyword of its kind of file. An invisible byte order mark at the start of the "
+ "file or a Ctrl-Z at its end makes such a line, and for profiles and users a blank before the \"=\". The reader stopped "
+ "with 100; the records before the line are kept.",
  "Correct the line; save the file without byte order mark and Ctrl-Z."},
 {messages::MSG0135_started, "file_input_parms::get_fips",
  "The input file is open, and reading begins.",
