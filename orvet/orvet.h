@@ -31,5 +31,6 @@
 #include "orvet/utilities/heapdump.h"
 #include "orvet/utilities/kt_chkfile.h"
 #include "orvet/utilities/usprintf.h"
+#include "orvet/version.h"
 
 #endif

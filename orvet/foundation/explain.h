@@ -22,12 +22,15 @@ struct explanation {
 
 /// A range of explanations for range-for; it may be empty.
 struct explanation_range {
-    const explanation * first;
-    const explanation * last;
+    const explanation * first; ///< the first explanation
+    const explanation * last;  ///< the end, after the last one
 
+    ///@{
+    /// As in a container of the standard library.
     const explanation * begin() const { return first; }
     const explanation * end() const { return last; }
     bool empty() const { return first == last; }
+    ///@}
 };
 
 /// Explains the first message number in `text`, in upper or lower case: "MSG0107", "msgi0004", or a whole
