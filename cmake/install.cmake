@@ -1,4 +1,4 @@
-# What a user gets: headers, the library, a CMake package and a pkg-config file.
+# What a user gets: headers, the library, a CMake package, a pkg-config file, documents and the sample tool.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orvet)
@@ -22,3 +22,11 @@ file(RELATIVE_PATH relative_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" relative_prefix "${relative_prefix}")
 configure_file(cmake/orvet.pc.in orvet.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/orvet.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development FILES_MATCHING PATTERN *.md)
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development USE_SOURCE_PERMISSIONS)
+if(WIN32)
+  # A tool takes the compiler that has made the DLL.
+  install(FILES cmake/mingw-w64.cmake DESTINATION ${package_dir} COMPONENT development)
+endif()
