@@ -1,3 +1,4 @@
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,11 @@ const question questions[] = {
     {"an empty text", "", nullptr},
     {"a null pointer", nullptr, nullptr},
 };
+
+void PrintTo(const question & row, std::ostream * out)
+{
+    *out << row.name;
+}
 
 class Explain : public testing::TestWithParam<question> {};
 
