@@ -1,4 +1,4 @@
-# What a user gets: headers, the library, a CMake package and a pkg-config file.
+# What a user gets: headers, the library, a CMake package, a pkg-config file, documents and the sample tool.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orvet)
@@ -8,7 +8,9 @@ install(TARGETS orvet
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
-  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development
+  FILE_SET generated DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}) # for CMake before 3.23, which knows no file sets
 install(EXPORT orvetTargets NAMESPACE orvet:: DESTINATION ${package_dir} COMPONENT development)
 
 configure_package_config_file(cmake/orvetConfig.cmake.in orvetConfig.cmake INSTALL_DESTINATION ${package_dir})
@@ -20,3 +22,11 @@ file(RELATIVE_PATH relative_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" relative_prefix "${relative_prefix}")
 configure_file(cmake/orvet.pc.in orvet.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/orvet.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development FILES_MATCHING PATTERN *.md)
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development USE_SOURCE_PERMISSIONS)
+if(WIN32)
+  # A tool takes the compiler that has made the DLL.
+  install(FILES cmake/mingw-w64.cmake DESTINATION ${package_dir} COMPONENT development)
+endif()

@@ -20,6 +20,8 @@ for kind in agents profiles users; do
 done
 show ktxsample -cmd records -ini out.txt -obj users -file data/users_bad.txt
 
+show ktxsample -explain MSG0137
+
 printf '\n\033[1mThe same questions to Brodan itself (here a stand-in on the PATH) and to canned files:\033[0m\n'
 PATH="$PWD/brod:$PATH"
 show ktxsample -cmd listing -ini found.out -obj APPS.EDITOR.2.1

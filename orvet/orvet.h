@@ -17,6 +17,7 @@
 #include "orvet/foundation/call_trace.h"
 #include "orvet/foundation/codes.h"
 #include "orvet/foundation/environment.h"
+#include "orvet/foundation/explain.h"
 #include "orvet/foundation/ktobject.h"
 #include "orvet/foundation/messages.h"
 #include "orvet/foundation/trace.h"
@@ -30,5 +31,6 @@
 #include "orvet/utilities/heapdump.h"
 #include "orvet/utilities/kt_chkfile.h"
 #include "orvet/utilities/usprintf.h"
+#include "orvet/version.h"
 
 #endif

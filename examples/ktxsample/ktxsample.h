@@ -20,6 +20,9 @@ int ask_brodan(const orvet::input_parms & ip);
 /// that name the first.
 int choose_server(const orvet::input_parms & ip);
 
+/// "-explain NUMBER": what the message or the code means, and what to do.
+int explain_number(const char * number);
+
 // What the commands ask of the terminal: 1 is standard output, 2 standard error.
 
 /// True when the stream goes to a terminal, so that colour and a progress display make sense.

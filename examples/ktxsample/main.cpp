@@ -4,6 +4,7 @@
 #include "ktxsample.h"
 
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -31,6 +32,8 @@ int explain()
     std::printf("%scommands of -cmd:\n", orvet::input_parms::usage(profile, "ktxsample").mbcs_str());
     for (const command & each : commands)
         std::printf("    %-10s %s\n", each.name, each.purpose);
+    std::printf(
+        "or: ktxsample -explain NUMBER\n    what a message or code means and what to do, MSG0107 or 259\n");
     return wrong_call;
 }
 
@@ -38,6 +41,8 @@ int explain()
 
 int main(int argc, char ** argv)
 {
+    if (argc == 3 && std::strcmp(argv[1], "-explain") == 0)
+        return explain_number(argv[2]);
     orvet::input_parms ip;
     if (ip.get_ips(argc, argv) != 0 || !ip.validate(profile.mandatory, profile.allowed))
         return explain();

@@ -1,19 +1,9 @@
 # Installs the library, takes the first tool out of the README, builds it against what is installed in both ways,
 # and runs it. FROM tells how it is installed: "install", or the kind of package that is made and unpacked.
-#   cmake -D FROM=install|DEB|TGZ|ZIP -D BUILD=... -D SOURCE=... -D WORK=... -D COMPILER=...
+#   cmake -D FROM=install|TGZ|ZIP -D BUILD=... -D SOURCE=... -D WORK=... -D COMPILER=...
 #     [-D TOOLCHAIN=... -D EMULATOR=...] -P check.cmake
-function(run)
-  execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${WORK} RESULT_VARIABLE code OUTPUT_VARIABLE output
-    ERROR_VARIABLE errors)
-  if(NOT code EQUAL 0)
-    list(JOIN ARGN " " command)
-    message(FATAL_ERROR "${command}\ngave ${code}\n${output}${errors}")
-  endif()
-  set(output "${output}" PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
 
-file(REMOVE_RECURSE ${WORK})
-file(MAKE_DIRECTORY ${WORK})
 set(prefix ${WORK}/prefix)
 if(FROM STREQUAL install)
   run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
@@ -21,9 +11,7 @@ else()
   run(${CMAKE_CPACK_COMMAND} --config ${BUILD}/CPackConfig.cmake -G ${FROM} -B ${WORK}/packages)
   file(GLOB packages ${WORK}/packages/*orvet*)
   foreach(package IN LISTS packages)
-    if(FROM STREQUAL DEB)
-      run(dpkg-deb -x ${package} ${prefix})
-    elseif(NOT IS_DIRECTORY ${package})
+    if(NOT IS_DIRECTORY ${package})
       file(ARCHIVE_EXTRACT INPUT ${package} DESTINATION ${prefix})
     endif()
   endforeach()
@@ -31,15 +19,22 @@ else()
   get_filename_component(prefix ${header}/../../.. ABSOLUTE)
 endif()
 
-file(READ ${SOURCE}/README.md page)
+file(READ ${prefix}/share/doc/orvet/README.md page)
 string(REGEX MATCH "```cpp\n([^`]*)```" found "${page}")
 if(NOT found)
   message(FATAL_ERROR "the README holds no tool")
 endif()
 file(WRITE ${WORK}/first_tool.cpp "${CMAKE_MATCH_1}")
 
+# CMake before 3.23 ignores the file sets.
+file(READ ${prefix}/lib/cmake/orvet/orvetTargets.cmake targets)
+if(NOT targets MATCHES "INTERFACE_INCLUDE_DIRECTORIES")
+  message(FATAL_ERROR "the CMake package names no include directory")
+endif()
+
 set(toolchain)
 if(TOOLCHAIN)
+  file(GLOB TOOLCHAIN ${prefix}/lib/cmake/orvet/mingw-w64.cmake)
   set(toolchain -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN})
 endif()
 run(${CMAKE_COMMAND} -S ${SOURCE}/tests/install/consumer -B ${WORK}/build -G Ninja ${toolchain}
@@ -78,5 +73,5 @@ set(program ${WORK}/build/by_pkg_config.exe)
 if(EMULATOR) # all but this library from the compiler's static ones
   set(flags -static -Wl,-Bdynamic ${flags} -Wl,-Bstatic)
 endif()
-run(${COMPILER} ${WORK}/first_tool.cpp -o ${program} ${flags})
+run(${COMPILER} -std=c++20 ${WORK}/first_tool.cpp -o ${program} ${flags})
 expect_domains(${program})
