@@ -10,10 +10,18 @@ namespace orvet {
 
 /// A file by its name: a stream that is open or not, and the size that it had when it was opened.
 ///
-/// Every operation traces itself, tells a failure to the operators' log, and gives one of the codes of
-/// codes.h, so that a caller only passes the code on. An object owns its stream from `open` to `close`; the
-/// destructor closes nothing, and a stream left open stays so until the process ends. Objects can't be
-/// copied.
+///     kt_file file(pathname("scan.res"));
+///     if (file.open("r") != 0)
+///         return;
+///     for (ustring line; file.get_line(line);)
+///         ...
+///     if (!file.at_end()) // reading failed, or allocation did
+///         ...
+///     file.close();
+///
+/// Every operation is traced, logs a failure, and returns one of the codes of codes.h, so that a caller only
+/// passes the code on. An object owns its stream from `open` to `close`; the destructor does not close it,
+/// and a stream left open stays open until the process ends. Objects can't be copied.
 class ORVET_API kt_file {
 public:
     /// A closed file without a name; `set_file_name` gives it one.
@@ -26,8 +34,8 @@ public:
     kt_file & operator=(const kt_file &) = delete;
     ~kt_file();
 
-    /// Opens with a mode of `fopen` and measures the size; the stream then stands at the start. A stream that
-    /// is still open is closed first, without a word. 250 when it can't be opened, a directory included; with
+    /// Opens with a mode of `fopen` and measures the size; reading begins at the start. A stream that is
+    /// still open is closed first, without a message. 250 if it can't be opened, a directory included; after
     /// 253 and 256, from measuring, the object is open and still has to be closed.
     short open(const char * mode);
     /// Whether reading or writing has failed since the file was opened: tells a read error from the end of
@@ -38,59 +46,61 @@ public:
     bool at_end() const;
     /// Closes the stream; 0 also when none is open. After 252 the object stays open.
     short close();
-    /// Moves to `offset` bytes from `origin`, a value of `fseek`. 253, also when what was written in front of
-    /// it finds no room; 255 when not open.
+    /// Moves to `offset` bytes from `origin`, a value of `fseek`. 253, also if what was written before can't
+    /// be flushed; 255 if not open.
     short seek(long offset, int origin);
-    /// Reads the next line, without its line end. Not 0 when there was one; 0 at the end of the file and when
-    /// not open, with `line` as it was. Allocates only when a line is longer than all that `line` has held.
+    /// Reads the next line, without its line end: LF, CR LF or the end of the file. Not 0 if there was one;
+    /// 0, with `line` unchanged, at the end of the file, after a read error and if not open. Allocates only
+    /// if a line is longer than all that `line` has held.
     int get_line(ustring & line);
-    /// Writes the text's multi-byte form, without a line end. 251, or 255 when not open. What still waits in
-    /// the stream's buffer then is answered for by `close`, or by a `seek`.
+    /// Writes the text's multi-byte form, without a line end. 251, or 255 if not open. Bytes that are still
+    /// in the stream's buffer may fail later: `close` or `seek` reports that.
     short write(const ustring & text);
-    /// Writes `size` bytes. 251, or 255 when not open.
+    /// Writes `size` bytes. 251, or 255 if not open.
     short write(const void * buffer, unsigned int size);
-    /// Gives the stream's position in bytes. 255 when not open, with `*position` as it was; 256 with a
-    /// negative `*position`.
+    /// Stores the position in bytes. 255 if not open, with `*position` unchanged; 256 with a negative
+    /// `*position`.
     short get_pos(long * position);
-    /// Reads `count` items of `size` bytes. 254 when there are fewer, with what there was in `buffer`; 255
-    /// when not open.
+    /// Reads `count` items of `size` bytes. 254 if there are fewer, which are in `buffer` then; 255 if not
+    /// open.
     short read(void * buffer, unsigned int size, unsigned int count);
-    /// Reads up to `size` bytes and gives how many there were; 0 when not open.
+    /// Reads up to `size` bytes and returns how many there were; 0 if not open.
     unsigned int read(void * buffer, unsigned int size);
-    /// Moves the file to `target` by a rename, replacing a file that is there; close it first. The object
-    /// keeps its name. 6 when the rename fails: a former `target` is gone then, the file is still here.
+    /// Moves the file to `target` by a rename, replacing a file of that name; close it first. The object
+    /// keeps its name. 6 if the rename fails: a former `target` is removed then, the file is still here.
     short copy_to(const pathname & target);
-    /// Removes the file; close it first. 0 also when it is already gone; 257.
+    /// Removes the file; close it first. 0 also if there is none; 257.
     short removef();
 
-    /// Bytes of the file when it was opened; 0 when closed.
+    /// Bytes of the file when it was opened; 0 if closed.
     long file_size() const { return size_; }
     /// The name as it was given; what the constructor from a `ustring` makes of it has its directory.
     const pathname & file_name() const { return file_path_; }
     /// Takes effect with the next `open`.
     void set_file_name(ustring name) { file_path_ = name; }
 
-    // Sectioned files. A section's head is passed whole, with its brackets, and has to fill its line exactly.
-    // All navigation runs forward from where the stream stands.
+    // Sectioned files. A section's head is given whole, with its brackets, and has to equal its line exactly.
+    // All navigation runs forward from the present position.
 
-    /// Moves to the line behind the head `section`; -1 when it is not in the rest of the file, which is no
-    /// error.
+    /// Moves to the line after the head `section`; -1 if it is not in the rest of the file, which is not an
+    /// error, or if reading fails (`at_end` is false then).
     short find_section(const ustring & section);
-    /// The same, where a missing section is an error: 260. With a non-zero `read_count` the next line gives
-    /// `*count` and is passed as well, 258 when it is no key/value line; else `count` may be null.
+    /// The same, if a missing section is an error: 260. With a non-zero `read_count` the next line is read
+    /// into
+    /// `*count`, 258 if it is not a key/value line; else `count` may be null.
     short seek_section(const ustring & section, int * count, int read_count);
-    /// Reads a line and splits it at the first " = ". 258 when there is none. At the end of the file it gives
-    /// 0 and leaves both texts as they were.
+    /// Reads a line and splits it at the first " = ". 258 if there is none, or if reading fails. 0, with both
+    /// texts unchanged, at the end of the file: a loop has to ask `at_end`.
     short get_keyval(ustring & key, ustring & value);
 
     // Scan result files.
 
-    /// Loads the topology section, from the line behind its head on: a `top_entry` a domain into `topv`,
-    /// which is empty at the call, and the server's name into `server`. Domains that depend on one that isn't
-    /// there are told to the log and left out. 259 for a bad count line, with nothing touched; 258 for a bad
-    /// domain line, with the domains in front of it in `topv`, unchecked.
+    /// Loads the topology section, from the line after its head: a `top_entry` for each domain into `topv`,
+    /// which is empty at the call, and the server's name into `server`. Domains that depend on one that does
+    /// not exist are logged and left out. 259 for a bad count line, with nothing changed; 258 for a bad
+    /// domain line or if reading fails, with the domains before it in `topv`, unchecked.
     short load_top(ustring & server, vector & topv);
-    /// Fills in where the target section of each domain begins and how many entries it has, then sorts `topv`
+    /// Stores where the target section of each domain begins and how many entries it has, then sorts `topv`
     /// with `sort_on_dep_len`, equal ones in the order of the file. A code of `seek_section` or `get_pos`
     /// ends it, unsorted.
     short load_offsets(vector & topv);

@@ -299,9 +299,8 @@ std::size_t line_reader::read(void * bytes, std::size_t size)
 
 long long line_reader::position()
 {
-    if (end_position_ == unknown)
-        return platform::tell(stream_);
-    return end_position_ - static_cast<long long>(unread());
+    const long long end = end_position_ != unknown ? end_position_ : platform::tell(stream_);
+    return end < 0 ? unknown : end - static_cast<long long>(unread());
 }
 
 } // namespace orvet

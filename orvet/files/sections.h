@@ -14,16 +14,16 @@ public:
     /// A copy of the text.
     explicit keyval(const ustring & text) : ustring(text) {}
 
-    /// When the text begins with `key`, in any case: takes it off, with the blanks behind it, and gives 0.
-    /// Else gives another value and leaves the text as it was.
+    /// If the text begins with `key`, in any case: removes it, with the blanks after it, and returns 0. Else
+    /// returns another value and leaves the text unchanged.
     int getval(const ustring & key);
 };
 
-/// Reads a line of the form "count = <value>", the key in any case, into `*count`. 259 when it is none, with
-/// `*count` as it was; a value that is no number counts as 0.
+/// Reads a line of the form "count = <value>", the key in any case, into `*count`. 259 for another line, with
+/// `*count` unchanged; a value that is not a number counts as 0.
 ORVET_API short get_count(const ustring & line, int * count);
 
-/// Token `index`, from 0, of a comma-separated text, neither stripped nor tested; empty behind the last one.
+/// Token `index`, from 0, of a comma-separated text, neither stripped nor tested; empty after the last one.
 ORVET_API ustring get_token(const ustring & text, int index);
 
 /// The server form of a name: the name, "_" and the name again; empty for an empty name.
