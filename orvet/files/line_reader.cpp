@@ -174,7 +174,9 @@ void line_reader::report(after_block reason)
 /// Hands out what was read ahead up to `length` bytes, and goes on at `next`.
 inline int line_reader::hand_out(ustring & line, std::size_t length, const char * next)
 {
-    if (!line.decode(at_, length))
+    if (length <= line.capacity_ && utf8::widen_ascii(at_, length, line.units_))
+        line.set_length(static_cast<unsigned>(length));
+    else if (!line.decode(at_, length))
         return 0;
     at_ = next;
     return 1;

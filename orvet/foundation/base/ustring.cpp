@@ -158,13 +158,6 @@ bool ustring::reserve_bytes(std::size_t bytes, std::size_t keep) const
     return true;
 }
 
-void ustring::set_length(unsigned units) noexcept
-{
-    length_ = units;
-    units_[units] = 0;
-    bytes_length_ = no_cache;
-}
-
 /// Replaces the text by what `count` bytes mean, which may be the object's own multi-byte form.
 bool ustring::decode(const char * bytes, std::size_t count)
 {

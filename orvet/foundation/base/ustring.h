@@ -132,7 +132,12 @@ private:
     bool reserve(std::size_t units);
     bool grow(std::size_t units);
     bool reserve_bytes(std::size_t bytes, std::size_t keep) const;
-    void set_length(unsigned units) noexcept;
+    void set_length(unsigned units) noexcept
+    {
+        length_ = units;
+        units_[units] = 0;
+        bytes_length_ = no_cache;
+    }
     bool decode(const char * bytes, std::size_t count);
     ustring & splice(unsigned pos, unsigned removed, const char16_t * text, unsigned n);
     template <class Change>

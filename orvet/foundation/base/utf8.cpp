@@ -1,11 +1,5 @@
 #include "orvet/foundation/base/utf8.h"
 
-#include <cstdint>
-#include <cstring>
-#include <functional>
-#include <iterator>
-#include <numeric>
-
 namespace orvet::utf8 {
 
 namespace {
@@ -71,46 +65,6 @@ char * put(char * out, char32_t code)
         tail(0);
     }
     return out;
-}
-
-/// Widens a block of bytes. Compilers make a few vector instructions of it, since the copy can't overlap the
-/// units. Returns all bits of the bytes.
-template <std::size_t Block>
-std::uint64_t widen_block(const char * bytes, char16_t * units)
-{
-    unsigned char copy[Block];
-    std::memcpy(copy, bytes, Block);
-    for (std::size_t i = 0; i < Block; ++i)
-        units[i] = copy[i];
-    std::uint64_t words[Block / 8];
-    std::memcpy(words, bytes, Block);
-    return std::accumulate(std::begin(words), std::end(words), std::uint64_t{0}, std::bit_or<>());
-}
-
-/// Widens the bytes in blocks, the last of which overlaps the one before; `count` is at least one block.
-/// Right for ASCII alone: false if there is something else.
-template <std::size_t Block>
-bool widen_blocks(const char * bytes, std::size_t count, char16_t * units)
-{
-    std::uint64_t bits = 0;
-    for (std::size_t done = 0; done + Block <= count; done += Block)
-        bits |= widen_block<Block>(bytes + done, units + done);
-    bits |= widen_block<Block>(bytes + count - Block, units + count - Block);
-    return (bits & 0x8080808080808080U) == 0;
-}
-
-bool widen_ascii(const char * bytes, std::size_t count, char16_t * units)
-{
-    if (count >= 16)
-        return widen_blocks<16>(bytes, count, units);
-    if (count >= 8)
-        return widen_blocks<8>(bytes, count, units);
-    unsigned char seen = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        units[i] = static_cast<unsigned char>(bytes[i]);
-        seen |= static_cast<unsigned char>(bytes[i]);
-    }
-    return seen < 0x80;
 }
 
 /// Decodes what is not ASCII alone.
