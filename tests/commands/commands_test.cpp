@@ -15,26 +15,34 @@ const scenario speak("speak", [] {
 const scenario open_files("open_files", print_open_files);
 
 /// The text as it is on every system: slashes, names for what differs, without the files' own lines.
-std::string shown(const std::string & text) {
+std::string shown(const std::string & text)
+{
     const std::string all = replaced(text, {{scenario_command("speak"), "SPEAK"},
                                             {"\\", "/"},
                                             {"<cat ", "<PRINT "},
                                             {"<type ", "<PRINT "},
                                             {"errno was 0", "errno was N"},
                                             {"errno = 0", "errno = N"}});
-    return replaced(without({"] kt_file"}, all), {{(test_directory() / "brodan").generic_string(), "BRODAN"}});
+    return replaced(without({"] kt_file"}, all),
+                    {{(test_directory() / "brodan").generic_string(), "BRODAN"}});
 }
 
-std::string in_migr(const char * name) { return read_text(std::string("brodan/migr/") + name); }
+std::string in_migr(const char * name)
+{
+    return read_text(std::string("brodan/migr/") + name);
+}
 
 /// A command on "cmd.out", set whole.
 struct test_command : brod_base {
-    explicit test_command(const std::string & text) : brod_base(sset_out_file("cmd.out"), sset_out_file("x.tmp")) {
+    explicit test_command(const std::string & text)
+        : brod_base(sset_out_file("cmd.out"), sset_out_file("x.tmp"))
+    {
         set_brod_cmd(from_bytes(text), 2);
     }
 };
 
-TEST(Command, TellsWhatItDoes) {
+TEST(Command, TellsWhatItDoes)
+{
     input_parms ip;
     ip.set_ip_base_cmd(scenario_command("speak").c_str());
     transcript lines;
@@ -82,8 +90,9 @@ T[I] brod_base::build_final_out_file The final path for brod commands output is 
     brod.set_brod_cmd("exit 0", 0);
     EXPECT_EQ(brod.exec_brod_cmd(1, 0), 0);
     EXPECT_TRUE(fs::exists(fs::u8path("brodan/migr/caf\xC3\xA9.out")));
-    EXPECT_EQ(text_of(brod_base_ls("x").final_output_file().text()), "");                                 // "-ini" was not given
-    EXPECT_EQ((brod.set_brod_cmd_rc(static_cast<short>(brod.brod_cmd_rc() + 7)), brod.brod_cmd_rc()), 7); // from 0
+    EXPECT_EQ(text_of(brod_base_ls("x").final_output_file().text()), ""); // "-ini" was not given
+    EXPECT_EQ((brod.set_brod_cmd_rc(static_cast<short>(brod.brod_cmd_rc() + 7)), brod.brod_cmd_rc()),
+              7); // from 0
     EXPECT_EQ(shown(text_of(brod.out_file().file_name().text())), "BRODAN/migr/hsttmp.out");
 }
 
@@ -122,7 +131,8 @@ const scenario clean("clean", [] {
     std::fclose(seen);
 });
 
-TEST(Command, LeavesNoOpenFileToChildrenAndNoFileBehindIfAsked) {
+TEST(Command, LeavesNoOpenFileToChildrenAndNoFileBehindIfAsked)
+{
     for (kt_file & (brod_base::*get)() : {&brod_base::out_file, &brod_base::final_out_file}) {
         test_command brod("exit 0");
         EXPECT_EQ(sum({(brod.*get)().open("w"), (brod.*get)().write("x", 1)}), 0);
@@ -133,8 +143,10 @@ TEST(Command, LeavesNoOpenFileToChildrenAndNoFileBehindIfAsked) {
               (test_directory() / "brodan/migr/both.out").string().size());
     const std::string inherited = run_scenario("clean");
     EXPECT_NE(inherited.find("inherited.txt"), std::string::npos) << inherited;
-    for (const char * own : {"cmd.out", "ktx1.trc", "ktx1.log"}) EXPECT_EQ(inherited.find(own), std::string::npos) << inherited;
-    EXPECT_NE(inherited.find("T[E] brod_base::~brod_base Remove temp files\n"), std::string::npos) << inherited;
+    for (const char * own : {"cmd.out", "ktx1.trc", "ktx1.log"})
+        EXPECT_EQ(inherited.find(own), std::string::npos) << inherited;
+    EXPECT_NE(inherited.find("T[E] brod_base::~brod_base Remove temp files\n"), std::string::npos)
+        << inherited;
     EXPECT_EQ(in_migr("cmd.out"), "(no file)");
 }
 

@@ -1,16 +1,20 @@
 #include "support.h"
 
 namespace {
-constexpr char not_open[] = "L MSG0001 [F] A read/write operation has been attempted toa file that is not open\n";
+constexpr char not_open[] =
+    "L MSG0001 [F] A read/write operation has been attempted toa file that is not open\n";
 
 /// The lines of one call: entry, its own lines, a quit line or not, return line and exit.
-std::string call_of(const std::string & name, const std::string & own, const std::string & code, bool quits = false) {
+std::string call_of(const std::string & name, const std::string & own, const std::string & code,
+                    bool quits = false)
+{
     const std::string call = "T[C] " + name + " ";
     return call + ">>>> ENTRY>>>>>\n" + own + (quits ? call + "<><><><><> QUITTING\n" : "") +
            (code.empty() ? "" : call + "return data = " + code + "\n") + call + "<<<<<<<<<< EXIT\n";
 }
 
-TEST(KtFile, OpensMeasuresAndCloses) {
+TEST(KtFile, OpensMeasuresAndCloses)
+{
     write_file("ten.txt", "0123456789");
     transcript lines;
     kt_file file(pathname("ten.txt"));
@@ -19,13 +23,17 @@ TEST(KtFile, OpensMeasuresAndCloses) {
         const std::string line = "T[W] kt_file::seek seeking in ten.txt file. offset is 0 origin is ";
         return call_of("kt_file::seek", line + origin + "\n", "0");
     };
-    const std::string size = call_of("kt_file::get_pos", "", "0") + "T[I] kt_file::open The size of the file is 10\n";
+    const std::string size =
+        call_of("kt_file::get_pos", "", "0") + "T[I] kt_file::open The size of the file is 10\n";
     EXPECT_EQ(sum({file.open("r"), file.file_size()}), 10);
-    EXPECT_EQ(lines.take(), call_of("kt_file::open",
-                                    "T[W] kt_file::open opening ten.txt file with mode r\n" + seek("2") + size + seek("0"), "0"));
+    EXPECT_EQ(lines.take(),
+              call_of("kt_file::open",
+                      "T[W] kt_file::open opening ten.txt file with mode r\n" + seek("2") + size + seek("0"),
+                      "0"));
     for (int open_or_not = 0; open_or_not < 2; ++open_or_not) {
         EXPECT_EQ(sum({file.close(), file.file_size()}), 0);
-        EXPECT_EQ(lines.take(), call_of("kt_file::close", "T[W] kt_file::close closing <ten.txt> file\n", "0"));
+        EXPECT_EQ(lines.take(),
+                  call_of("kt_file::close", "T[W] kt_file::close closing <ten.txt> file\n", "0"));
     }
     for (const std::string name : {"/a.txt", ""}) {
         EXPECT_EQ(text_of(kt_file(ustring(name.c_str())).file_name().text()),
@@ -34,7 +42,8 @@ TEST(KtFile, OpensMeasuresAndCloses) {
     }
 }
 
-TEST(KtFile, TellsWhatCantBeOpened) {
+TEST(KtFile, TellsWhatCantBeOpened)
+{
     std::filesystem::create_directories("folder");
     write_file("ten.txt", "0123456789");
     const std::pair<std::string, std::string> cases[] = {
@@ -56,7 +65,8 @@ TEST(KtFile, TellsWhatCantBeOpened) {
     EXPECT_EQ(read_file("ten.txt"), "0123456789");
 }
 
-TEST(KtFile, SaysWhenItIsNotOpen) {
+TEST(KtFile, SaysWhenItIsNotOpen)
+{
     kt_file file(pathname("x"));
     ustring line("kept");
     long position = 7;
@@ -71,11 +81,13 @@ TEST(KtFile, SaysWhenItIsNotOpen) {
         {"kt_file::get_line", [&] { return file.get_line(line); }, 0, ""}};
     for (const auto & [name, call, code, shown] : cases)
         EXPECT_EQ(told(call),
-                  call_of(name, "T[F] " + name + " file <x> not open\n" + not_open, shown, *shown != 0) + std::to_string(code));
+                  call_of(name, "T[F] " + name + " file <x> not open\n" + not_open, shown, *shown != 0) +
+                      std::to_string(code));
     EXPECT_EQ(text_of(line) + std::to_string(position), "kept7");
 }
 
-TEST(KtFile, ReadsAndSeeks) {
+TEST(KtFile, ReadsAndSeeks)
+{
     write_file("data.txt", "one\r\ntwo\n\nlast");
     kt_file file(pathname("data.txt"));
     EXPECT_EQ(file.open("r"), 0);
@@ -95,10 +107,13 @@ TEST(KtFile, ReadsAndSeeks) {
     EXPECT_EQ(file.close(), 0);
 }
 
-TEST(KtFile, Writes) {
+TEST(KtFile, Writes)
+{
     kt_file file(pathname("out.bin"));
     const std::string bytes("caf\xC3\xA9 \xE9 \0 z", 11);
-    EXPECT_EQ(sum({file.open("wb"), file.write(from_bytes(bytes)), file.write(ustring()), file.write("\n!", 2)}), 0);
+    EXPECT_EQ(
+        sum({file.open("wb"), file.write(from_bytes(bytes)), file.write(ustring()), file.write("\n!", 2)}),
+        0);
     EXPECT_EQ(sum({file.open("ab"), file.file_size()}), 13); // the first stream is closed without a word
     EXPECT_EQ(file.close(), 0);
     EXPECT_EQ(read_file("out.bin"), bytes + "\n!");
@@ -112,7 +127,8 @@ TEST(KtFile, Writes) {
     EXPECT_EQ(file.close(), 0); // told already
 }
 
-TEST(KtFile, KnowsItsPlace) {
+TEST(KtFile, KnowsItsPlace)
+{
     const long feed = native("/") == "/" ? 1 : 2;
     const std::tuple<const char *, std::string, long, std::string> cases[] = {
         {"r+", "AB", 14, "line0\nline1\nABne2\n"}, {"a+", "A\n", 19 + feed, "line0\nline1\nline2\nA\n"}};
@@ -121,9 +137,11 @@ TEST(KtFile, KnowsItsPlace) {
         kt_file file(pathname("text.txt"));
         ustring line;
         long at = 0;
-        EXPECT_EQ(sum({file.open(mode), file.get_line(line), file.seek(-1, SEEK_SET), file.get_line(line)}), 255);
+        EXPECT_EQ(sum({file.open(mode), file.get_line(line), file.seek(-1, SEEK_SET), file.get_line(line)}),
+                  255);
         EXPECT_TRUE(file.get_pos(&at) == 0 && at == 12 && line == ustring("line1") && !file.error());
-        EXPECT_EQ(sum({file.write(written.c_str(), static_cast<unsigned>(written.size())), file.get_pos(&at)}), 0);
+        EXPECT_EQ(
+            sum({file.write(written.c_str(), static_cast<unsigned>(written.size())), file.get_pos(&at)}), 0);
         EXPECT_EQ(at + file.close(), place);
         EXPECT_EQ(read_text("text.txt"), text);
     }
@@ -134,7 +152,8 @@ TEST(KtFile, KnowsItsPlace) {
     std::filesystem::remove("large.txt");
 }
 
-TEST(KtFile, MovesAndRemoves) {
+TEST(KtFile, MovesAndRemoves)
+{
     write_file("from.txt", "new");
     write_file("to.txt", "old");
     kt_file file(pathname("from.txt"));
@@ -147,11 +166,13 @@ TEST(KtFile, MovesAndRemoves) {
     const auto remove = [&] { return file.removef(); };
     const std::string moving = "T[W] kt_file::copy_to renaming file <from.txt> to <to.txt>\n"
                                "T[W] kt_file::copy_to remove done with rc=0, errno=0\n",
-                      refused = "T[E] kt_file::copy_to Rename failed with rc=-1, errno=2\n"
-                                "L MSG0016 [E] The execution of the command to.txt returned rc -1, errno = 2\n";
+                      refused =
+                          "T[E] kt_file::copy_to Rename failed with rc=-1, errno=2\n"
+                          "L MSG0016 [E] The execution of the command to.txt returned rc -1, errno = 2\n";
     EXPECT_EQ(told(move), call_of("kt_file::copy_to", moving, "0") + "0");
     EXPECT_EQ(read_file("to.txt") + read_file("from.txt"), "new(no file)");
-    EXPECT_EQ(told(move), call_of("kt_file::copy_to", moving + refused, "6", true) + "6"); // what was there is gone
+    EXPECT_EQ(told(move),
+              call_of("kt_file::copy_to", moving + refused, "6", true) + "6"); // what was there is gone
     EXPECT_EQ(told(remove), call_of("kt_file::removef", "", "0") + "0");
     std::filesystem::create_directories("kept");
     file.set_file_name("kept");
@@ -164,7 +185,8 @@ TEST(KtFile, MovesAndRemoves) {
     EXPECT_TRUE(std::filesystem::exists("kept"));
     file.set_file_name(from_bytes(std::string("kept\0x", 6))); // not what stands in front of the zero
     EXPECT_EQ(sum({file.removef(), file.copy_to("to.txt")}), 263);
-    for (const char * name : {"caf\xC3\xA9.txt", "caf\xE9.txt"}) { // of a caller in UTF-8 and of one in the code page
+    for (const char * name :
+         {"caf\xC3\xA9.txt", "caf\xE9.txt"}) { // of a caller in UTF-8 and of one in the code page
         file.set_file_name(name);
         EXPECT_EQ(sum({file.open("w"), file.close()}), 0);
         EXPECT_TRUE(read_file(name).empty() || std::filesystem::exists(std::filesystem::u8path(name)));
@@ -174,7 +196,8 @@ TEST(KtFile, MovesAndRemoves) {
 }
 
 /// A full disk and a pipe, which opens but can't be measured, where the system has them.
-TEST(KtFile, WorksOnDevicesAsFarAsTheyGo) {
+TEST(KtFile, WorksOnDevicesAsFarAsTheyGo)
+{
     kt_file full(pathname("/dev/full")), pipe(pathname("pipe"));
     if (kt_chkfile("/dev/full") == 0 || std::system("mkfifo pipe") != 0)
         GTEST_SKIP() << "no such devices here";

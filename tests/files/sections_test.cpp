@@ -2,8 +2,10 @@
 
 namespace {
 // What is read stands beside a model, with the other inputs that are generated.
-TEST(Sections, WalksForward) {
-    write_file("sections.txt", "lead\n[Topology]\n[topology] \n[topology]\nentries = 4\n[bad]\nno count\n[last]");
+TEST(Sections, WalksForward)
+{
+    write_file("sections.txt",
+               "lead\n[Topology]\n[topology] \n[topology]\nentries = 4\n[bad]\nno count\n[last]");
     kt_file file(pathname("sections.txt"));
     EXPECT_EQ(file.open("r"), 0);
     int count = 4;
@@ -18,7 +20,8 @@ TEST(Sections, WalksForward) {
         {"[none]", 1, 0, "T[E] kt_file::seek_section Error reading kt_file while locating <[none]>\n260"}};
     for (const auto & each : cases) {
         const auto seek = [&] {
-            return file.seek_section(std::get<0>(each), std::get<1>(each) ? &count : nullptr, std::get<1>(each));
+            return file.seek_section(std::get<0>(each), std::get<1>(each) ? &count : nullptr,
+                                     std::get<1>(each));
         };
         EXPECT_EQ(file.seek(0, SEEK_SET), 0);
         EXPECT_EQ(without({"get_line"}, told(seek, 1)), std::get<3>(each));

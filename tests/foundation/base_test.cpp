@@ -1,15 +1,19 @@
 #include "support.h"
 
 namespace {
-TEST(Ustring, AnyBytesComeBackAsTheyWere) {
+TEST(Ustring, AnyBytesComeBackAsTheyWere)
+{
     std::string wide;
-    for (int i = 0; i < 1000; ++i) wide += "\xE2\x82\xAC";
+    for (int i = 0; i < 1000; ++i)
+        wide += "\xE2\x82\xAC";
     const std::pair<std::string, std::u16string> samples[] = {
         {"", u""},
         {"caf\xC3\xA9 caf\xE9", u"caf\u00E9 caf\xDCE9"},
         {"\xC2\x80", u"\x80"},
-        {"\x7F \xC2\x80 \xDF\xBF \xE0\xA0\x80 \xED\x9F\xBF \xEE\x80\x80 \xEF\xBF\xBF \xF0\x90\x80\x80 \xF4\x8F\xBF\xBF",
-         u"\x7F \x80 \u07FF \u0800 \uD7FF \uE000 \uFFFF \xD800\xDC00 \xDBFF\xDFFF"}, // first and last of each length
+        {"\x7F \xC2\x80 \xDF\xBF \xE0\xA0\x80 \xED\x9F\xBF \xEE\x80\x80 \xEF\xBF\xBF \xF0\x90\x80\x80 "
+         "\xF4\x8F\xBF\xBF",
+         u"\x7F \x80 \u07FF \u0800 \uD7FF \uE000 \uFFFF \xD800\xDC00 \xDBFF\xDFFF"}, // first and last of each
+                                                                                     // length
         {"16 of ASCII, then \xC3\xA9 and 16 of it again", u"16 of ASCII, then \u00E9 and 16 of it again"},
         {"8 ASCII \xF0\x9F\x99\x82 in the second half", u"8 ASCII \xD83D\xDE42 in the second half"},
         {std::string("zero\0inside", 11), std::u16string(u"zero\0inside", 11)},
@@ -20,17 +24,20 @@ TEST(Ustring, AnyBytesComeBackAsTheyWere) {
         EXPECT_EQ(text_of(ustring(text).append("!").remove(text.length())), bytes);
     }
     for (const std::string tail : {"x", "\xEF\xBF\xBF", ""}) // behind half a character
-        EXPECT_EQ(text_of(ustring(from_bytes("\xF0\x9F\x99\x82"), 0, 1).append(tail.c_str())), "\xED\xA0\xBD" + tail);
+        EXPECT_EQ(text_of(ustring(from_bytes("\xF0\x9F\x99\x82"), 0, 1).append(tail.c_str())),
+                  "\xED\xA0\xBD" + tail);
     // Overlong, surrogates, too high, cut, and bytes that begin nothing: each byte for itself.
-    for (const std::string bytes : {"\xC0\xAF", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xED\xBF\xBF", "\xF0\x8F\xBF\xBF",
-                                    "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE2\x82", "\xFF\xFE\x80"}) {
+    for (const std::string bytes :
+         {"\xC0\xAF", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xED\xBF\xBF", "\xF0\x8F\xBF\xBF",
+          "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE2\x82", "\xFF\xFE\x80"}) {
         EXPECT_EQ(from_bytes(bytes).length(), bytes.size()) << bytes;
         EXPECT_EQ(text_of(from_bytes(bytes)), bytes);
     }
 }
 
 // Edits and searches stand beside a model, with the other inputs that are generated.
-TEST(Ustring, TakesItsOwnText) {
+TEST(Ustring, TakesItsOwnText)
+{
     EXPECT_EQ(text_of(ustring(static_cast<const char *>(nullptr))), "");
     ustring text("0123456789"); // its own text, also where it grows past what it keeps inside itself
     text.append(text).append(text);
@@ -48,7 +55,8 @@ TEST(Ustring, TakesItsOwnText) {
     EXPECT_TRUE(ustring("SEND=x").begins_with("SEND=") && !ustring("SEN").begins_with("SEND="));
 }
 
-TEST(Ustring, LeavesTheRestToOtherReaders) {
+TEST(Ustring, LeavesTheRestToOtherReaders)
+{
     write_file("lines.txt", "\r\nfirst\nsecond\nthird\n");
     std::FILE * const file = std::fopen("lines.txt", "rb");
     ustring line;
@@ -60,7 +68,8 @@ TEST(Ustring, LeavesTheRestToOtherReaders) {
     std::fclose(file);
 }
 
-TEST(Pathname, JoinsElementsOnBothSystems) {
+TEST(Pathname, JoinsElementsOnBothSystems)
+{
     // clang-format off
     const char * const cases[][4] = {
         {"/opt/k", "bin", "/opt/k/bin", "/opt/k\\bin"}, {"/opt/k/", "bin", "/opt/k/bin", "/opt/k/bin"},
@@ -84,38 +93,44 @@ struct counted : ktobject {
     int & gone_;
 };
 
-TEST(Vector, ItemsGoWithTheirLastHolder) {
+TEST(Vector, ItemsGoWithTheirLastHolder)
+{
     int gone = 0;
     {
         vector first, third;
-        for (codable * each : {new counted(gone), new counted(gone), static_cast<counted *>(nullptr)}) first.push_back(each);
+        for (codable * each : {new counted(gone), new counted(gone), static_cast<counted *>(nullptr)})
+            first.push_back(each);
         vector second(first);
         third = second;
         first.resize(0);
         second.remove(0);
         EXPECT_EQ(gone, 0);
-        for (const int none : {0, -1, 1}) third.remove(none); // of these only the first is there
+        for (const int none : {0, -1, 1})
+            third.remove(none); // of these only the first is there
         EXPECT_EQ(gone, 1);
         EXPECT_TRUE(third.size() == 1 && third[0] == second.items()[0] && third[1] == nullptr);
-        for (vector * one : {&first, &second, &first}) *one = third; // into room of either kind
+        for (vector * one : {&first, &second, &first})
+            *one = third; // into room of either kind
         EXPECT_TRUE(first.size() == 1 && first[0] == third[0] && second[0] == third[0]);
     }
     EXPECT_EQ(gone, 2);
 }
 
-TEST(ObjectFamily, ComparesAsTheClassesDo) {
+TEST(ObjectFamily, ComparesAsTheClassesDo)
+{
     const ustring a("a");
     const pathname path("A/b");
     const pair one("k", "v"), other("k", "w");
     const ustring b("b");
-    const codable &as_text = a, &as_path = path, &as_pair = one, &codable_text = b, &codable_path = pathname("c");
+    const codable &as_text = a, &as_path = path, &as_pair = one, &codable_text = b,
+                  &codable_path = pathname("c");
     EXPECT_TRUE(a == ustring("a") && a != ustring("A"));
     EXPECT_TRUE(path == pathname("a/B") && path != pathname("a/c"));
     EXPECT_TRUE(one == pair("k", "v") && one != other && one != pair("l", "v"));
     // Through the root, from either side, and with an object of another class.
     EXPECT_TRUE(as_text == a && a == as_text && as_path == path && path == as_path && as_pair == one);
-    EXPECT_FALSE(as_text == path || path == as_text || as_path == a || as_pair == a || a == as_pair || as_pair == other ||
-                 as_text == codable_text || as_path == codable_path);
+    EXPECT_FALSE(as_text == path || path == as_text || as_path == a || as_pair == a || a == as_pair ||
+                 as_pair == other || as_text == codable_text || as_path == codable_path);
     EXPECT_TRUE(as_text != path && as_pair != a && a != as_pair);
     EXPECT_TRUE(vector().operator==(as_text) && ktobject().operator==(as_text) && keyval("a") == a);
 }
@@ -127,18 +142,22 @@ struct third : pair { // a class that says its version by the field
 
 /// Name and version of a class, with a mark where an object does not come back from decoding.
 template <class Class>
-std::string nature() {
+std::string nature()
+{
     struct opened : Class {
         using Class::codable_version, Class::decode_object, Class::encode_object;
     } object;
     char nothing = 0;
     object.encode_object(reinterpret_cast<encoder &>(nothing));
     const bool itself = object.decode_object(reinterpret_cast<decoder &>(nothing), 2) == &object;
-    return std::string(object.codable_name()) + (itself ? " " : "! ") + std::to_string(object.codable_version()) + "\n";
+    return std::string(object.codable_name()) + (itself ? " " : "! ") +
+           std::to_string(object.codable_version()) + "\n";
 }
 
-TEST(ObjectFamily, ClonesAndNames) {
-    EXPECT_EQ(nature<ustring>() + nature<pathname>() + nature<pair>() + nature<vector>() + nature<ktobject>() + nature<third>(),
+TEST(ObjectFamily, ClonesAndNames)
+{
+    EXPECT_EQ(nature<ustring>() + nature<pathname>() + nature<pair>() + nature<vector>() +
+                  nature<ktobject>() + nature<third>(),
               "ustring 1\npathname 1\npair 1\nvector 1\ncom.corvan.qx.cmObjects.ktobject 1\npair 3\n");
     vector sections;
     sections.push_back(new sof_entry("[hq]", sof_entry::target_sect));
@@ -151,7 +170,8 @@ TEST(ObjectFamily, ClonesAndNames) {
     EXPECT_EQ(sections.hash_code(), static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(&sections)));
     EXPECT_EQ(ktobject().clone(), nullptr);
     EXPECT_EQ(ustring("x").hash_code(), pathname("x").hash_code());
-    EXPECT_TRUE(*owned(pathname("x").clone()) == pathname("x") && *owned(pair("k", "v").clone()) == pair("k", "v"));
+    EXPECT_TRUE(*owned(pathname("x").clone()) == pathname("x") &&
+                *owned(pair("k", "v").clone()) == pair("k", "v"));
     EXPECT_TRUE(*owned(keyval("k").clone()) == ustring("k") && owned(sections[0]->clone()) != nullptr);
 }
 } // namespace

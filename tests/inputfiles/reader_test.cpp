@@ -2,32 +2,38 @@
 
 namespace {
 template <class... Texts>
-std::string joined(const Texts &... texts) {
+std::string joined(const Texts &... texts)
+{
     return (("," + text_of(texts)) + ...).substr(1);
 }
 
-std::string shown(const VXA_inst_info & agent) {
+std::string shown(const VXA_inst_info & agent)
+{
     return joined(agent.op_system(), agent.server_name(), agent.gateway_port_number(), agent.agent_name(),
                   agent.agent_inst_path(), agent.mount_options());
 }
 
-std::string shown(codable * record) {
+std::string shown(codable * record)
+{
     if (auto * const user = dynamic_cast<user_info *>(record))
         return joined(user->usUserName(), user->usProfileName());
     auto & profile = dynamic_cast<auth_profile_info &>(*record);
-    return joined(profile.usProfileName(), profile.usManageAll(), profile.usPreparation(), profile.usQueuesView());
+    return joined(profile.usProfileName(), profile.usManageAll(), profile.usPreparation(),
+                  profile.usQueuesView());
 }
 
 /// The records, the slots that hold a value, and the place of the failure, as a tool sees them.
-std::string shown(file_input_parms & input) {
+std::string shown(file_input_parms & input)
+{
     std::string text = std::to_string(input.index()) + ":";
     for (int i = 0; i < 5; ++i)
         if (shown(input.input_info(i)) != shown(VXA_inst_info()))
             text += " " + std::to_string(i) + "<" + shown(input.input_info(i)) + ">";
-    for (unsigned i = 0; i < input.arSections().size(); ++i) text += " <" + shown(input.arSections()[i]) + ">";
+    for (unsigned i = 0; i < input.arSections().size(); ++i)
+        text += " <" + shown(input.arSections()[i]) + ">";
     if (input.error_line() || input.error_section() || input.error_text().length())
-        text += " at " + std::to_string(input.error_line()) + "," + std::to_string(input.error_section()) + ":" +
-                text_of(input.error_text());
+        text += " at " + std::to_string(input.error_line()) + "," + std::to_string(input.error_section()) +
+                ":" + text_of(input.error_text());
     return text;
 }
 
@@ -93,7 +99,8 @@ const struct {
     {4, "ANY\nUSER=a\nANY\nUSER=b\nANY\n", 102, "1: at 4,1:USER=b", "started;+USER=a;+USER=b;refused \n"},
     {0, "ANY\n", 102, "1:", "started;refused \n"}};
 // clang-format on
-TEST(InputFile, AWholeFileInRecordsAndTranscriptOut) {
+TEST(InputFile, AWholeFileInRecordsAndTranscriptOut)
+{
     for (const auto & each : cases) {
         write_file("in.txt", each.file);
         file_input_parms input;
@@ -104,11 +111,13 @@ TEST(InputFile, AWholeFileInRecordsAndTranscriptOut) {
     }
 }
 
-TEST(InputFile, EveryLineStandsInItsPlace) {
+TEST(InputFile, EveryLineStandsInItsPlace)
+{
     file_input_parms input;
     write_file("in.txt", "target=1\nfoo=1\n");
     const auto read = [&] { return input.get_fips("in.txt", 1, "TARGET=", 1); };
-    EXPECT_EQ(without({" kt_file", "VXA_inst_info"}, told(read)), R"(T[C] file_input_parms::get_fips >>>> ENTRY>>>>>
+    EXPECT_EQ(without({" kt_file", "VXA_inst_info"}, told(read)),
+              R"(T[C] file_input_parms::get_fips >>>> ENTRY>>>>>
 L MSG0135 [Il Input file in.txt reading started.
 T[W] file_input_parms::get_fips New sections_separator <TARGET=1> found
 T[C] file_input_parms::get_fips set input value. _index is 2
@@ -121,7 +130,8 @@ T[C] file_input_parms::get_fips <<<<<<<<<< EXIT
 100)");
 }
 
-TEST(InputFile, WithoutAFileTheObjectStaysAsItWas) {
+TEST(InputFile, WithoutAFileTheObjectStaysAsItWas)
+{
     std::filesystem::create_directory("folder");
     write_file("in.txt", "USER=a\nAUTHORIZATION PROFILE=x\n");
     write_file("bad.txt", "USER=a\nx\n");
@@ -132,9 +142,10 @@ TEST(InputFile, WithoutAFileTheObjectStaysAsItWas) {
         EXPECT_EQ(input.get_fips("bad.txt", 1, "USER=", 3), 100);
         EXPECT_EQ(shown(input), "1: at 2,1:x");
         EXPECT_EQ(input.get_fips("in.txt", 1, "USER=", 3), 0);
-        EXPECT_EQ(brief(told([&] { return input.get_fips(name, asked_wrong ? 0 : 1, "USER=", 3); }, 1)),
-                  std::string("T[E] file_input_parms::get_fips ") +
-                      (asked_wrong ? "not implemented yet. Wrong call\n18" : "Error opening input file\n250"));
+        EXPECT_EQ(
+            brief(told([&] { return input.get_fips(name, asked_wrong ? 0 : 1, "USER=", 3); }, 1)),
+            std::string("T[E] file_input_parms::get_fips ") +
+                (asked_wrong ? "not implemented yet. Wrong call\n18" : "Error opening input file\n250"));
         EXPECT_EQ(shown(input), "1: <a,x>");
     }
 }

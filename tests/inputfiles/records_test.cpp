@@ -35,11 +35,13 @@ LAYOUT(user_info, 36, FIELD(usUserName), FIELD(usProfileName));
 // clang-format on
 /// The marked keywords, each with the field's value; a field that left its default without a mark shows too.
 template <class Record>
-std::string shown(const Record & record) {
+std::string shown(const Record & record)
+{
     std::string text;
     for (int row = 0; fip_names[row]; ++row) {
         const auto index = static_cast<unsigned>(row - layout<Record>::first_row);
-        const auto get = index < std::size(layout<Record>::fields) ? layout<Record>::fields[index].get : nullptr;
+        const auto get =
+            index < std::size(layout<Record>::fields) ? layout<Record>::fields[index].get : nullptr;
         const bool marked = record.fip(fip_names[row]) != 0;
         if (marked || (get && (record.*get)() != (Record().*get)()))
             text += (marked ? fip_names[row] : "?") + (get ? text_of((record.*get)()) : "") + ";";
@@ -48,10 +50,12 @@ std::string shown(const Record & record) {
 }
 
 template <class Record>
-void check_fields(const std::string & fresh) {
+void check_fields(const std::string & fresh)
+{
     Record by_setter, by_line;
     std::string expected, defaults;
-    for (const auto & each : layout<Record>::fields) defaults += text_of((by_line.*each.get)()) + "|";
+    for (const auto & each : layout<Record>::fields)
+        defaults += text_of((by_line.*each.get)()) + "|";
     EXPECT_EQ(defaults, fresh);
     int row = layout<Record>::first_row;
     for (const auto & each : layout<Record>::fields) {
@@ -61,11 +65,13 @@ void check_fields(const std::string & fresh) {
         expected += keyword + "WIN95" + keyword + ";";
         EXPECT_EQ(shown(by_setter) + shown(by_line), expected + expected);
     }
-    for (const char * stranger : {"FOO=", "USER", "user=", "", static_cast<const char *>(nullptr)}) by_line.set_fip(stranger);
+    for (const char * stranger : {"FOO=", "USER", "user=", "", static_cast<const char *>(nullptr)})
+        by_line.set_fip(stranger);
     EXPECT_EQ(shown(by_line), expected);
 }
 
-TEST(Records, EachFieldHasItsDefaultKeywordSetterAndMark) {
+TEST(Records, EachFieldHasItsDefaultKeywordSetterAndMark)
+{
     check_fields<VXA_inst_info>("||||9494|$(TARGET)|9495|c:\\corvan\\vxa||||||");
     check_fields<auth_profile_info>("|NO|NO|NO|NO|NO|NO|||NO|NO|NO|||NO|||NO|||NO|NO|");
     check_fields<user_info>("||");
@@ -78,17 +84,19 @@ struct refused_line {
 };
 
 template <class Record>
-void check_refused(std::initializer_list<refused_line> lines) {
+void check_refused(std::initializer_list<refused_line> lines)
+{
     for (const auto & [line, told, code] : lines) {
         Record record;
         transcript spoken(2);
         EXPECT_EQ(record.set(line), code) << line;
         const std::string name = layout<Record>::name, value = std::string("<") + told + "> ";
-        EXPECT_EQ(spoken.take(), code == 101 ? "L MSG0136 [El The value " + value + "is invalid as operating system.\nT[E] " +
-                                                   name + "::set Invalid operating system " + value + "found\n"
+        EXPECT_EQ(spoken.take(), code == 101 ? "L MSG0136 [El The value " + value +
+                                                   "is invalid as operating system.\nT[E] " + name +
+                                                   "::set Invalid operating system " + value + "found\n"
                                              : "L MSG0134 [Fl Keyword " + std::string(told) +
-                                                   " is invalid in the currently read input file\nT[E] " + name +
-                                                   "::set Invalid keyword " + value + "found\n");
+                                                   " is invalid in the currently read input file\nT[E] " +
+                                                   name + "::set Invalid keyword " + value + "found\n");
         EXPECT_EQ(shown(record), "") << line;
     }
 }
@@ -110,11 +118,13 @@ TEST(Records, SetTellsWhatItRefuses) {
               "|USER=AUTHORIZATION PROFILE=a profile of some length;AUTHORIZATION PROFILE=a profile of some length;");
 }
 // clang-format on
-TEST(Records, TheirLinesStandInOrder) {
+TEST(Records, TheirLinesStandInOrder)
+{
     VXA_inst_info agent;
     auth_profile_info profile;
     user_info user;
-    EXPECT_EQ(told([&] { return agent.set(" agent_inst_path = d:\\a"); }), R"(T[C] VXA_inst_info::set >>>> ENTRY>>>>>
+    EXPECT_EQ(told([&] { return agent.set(" agent_inst_path = d:\\a"); }),
+              R"(T[C] VXA_inst_info::set >>>> ENTRY>>>>>
 T[I] VXA_inst_info::set line after key.to_upper is < AGENT_INST_PATH = d:\a>
 T[I] VXA_inst_info::set line after trip of blanks is <AGENT_INST_PATH= d:\a>
 T[C] VXA_inst_info::set in the switch
@@ -129,7 +139,8 @@ T[C] VXA_inst_info::set <<<<<<<<<< EXIT
               "T[I] auth_profile_info::set line  is <p>\n0");
     EXPECT_EQ(told([&] { return user.set("USER=u"); }, 1),
               "T[I] user_info::set line after key.to_upper is <USER=u>\nT[I] user_info::set line  is <u>\n0");
-    EXPECT_EQ(told([&] { return profile.validate(); }), "T[C] auth_profile_info::validate >>>> ENTRY>>>>>\n1");
+    EXPECT_EQ(told([&] { return profile.validate(); }),
+              "T[C] auth_profile_info::validate >>>> ENTRY>>>>>\n1");
     EXPECT_EQ(text_of(ustring("sum ") + "of two"), "sum of two");
 }
 
@@ -137,21 +148,27 @@ using keywords = std::vector<const char *>;
 
 /// `refused`: the line that tells why; `foreign`: the marks that are warned of.
 template <class Record>
-void check_validate(Record record, const keywords & marks, const std::string & refused, const keywords & foreign = {}) {
-    for (const char * keyword : marks) record.set_fip(keyword);
+void check_validate(Record record, const keywords & marks, const std::string & refused,
+                    const keywords & foreign = {})
+{
+    for (const char * keyword : marks)
+        record.set_fip(keyword);
     std::string lines = refused;
     for (const std::string keyword : foreign)
-        lines += "L MSG0138 [W] The keyword " + keyword + " specified in the input file is not allowed in the current context.\n";
+        lines += "L MSG0138 [W] The keyword " + keyword +
+                 " specified in the input file is not allowed in the current context.\n";
     transcript spoken(1);
     EXPECT_EQ(record.validate(), refused.empty()) << lines;
     EXPECT_EQ(spoken.take(), lines);
 }
 
-std::string missing(const std::string & keyword) {
+std::string missing(const std::string & keyword)
+{
     return "L MSG0137 [F] The mandatory keywork " + keyword + " was not supplied in the input file.\n";
 }
 
-TEST(Records, ValidateWeighsTheMarks) {
+TEST(Records, ValidateWeighsTheMarks)
+{
     VXA_inst_info agent;
     keywords marks(fip_names, fip_names + 11), all(fip_names, fip_names + 15);
     const std::string bad_system = "T[E] VXA_inst_info::validate Invalid operating system <";

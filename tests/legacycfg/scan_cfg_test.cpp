@@ -48,16 +48,20 @@ const struct {
     {"/proc/self/mem", nullptr, 2, 1, "unable to open file [/proc/self/mem]", "-|older|-|"}};
 // clang-format on
 /// What stands under the three names.
-std::string files() {
+std::string files()
+{
     std::string all;
     for (const char * path : {"cfg/brod.cfg", "cfg/brod.bak", "cfg/brod.tmp"}) {
-        const std::string text = fs::is_regular_file(path) ? read_text(path) : fs::exists(path) ? "other" : "-";
+        const std::string text = fs::is_regular_file(path) ? read_text(path)
+                                 : fs::exists(path)        ? "other"
+                                                           : "-";
         all += (text == two ? "old" : text == changed ? "new" : text) + "|";
     }
     return all;
 }
 
-TEST(ScanCfg, MakesAServerTheFirstOrTellsWhyNot) {
+TEST(ScanCfg, MakesAServerTheFirstOrTellsWhyNot)
+{
     for (const auto & each : cases) {
         if (each.device && !fs::exists(each.device))
             continue;
@@ -71,7 +75,8 @@ TEST(ScanCfg, MakesAServerTheFirstOrTellsWhyNot) {
         scan_cfg cfg(each.path);
         int code = -1;
         EXPECT_EQ(printed_by([&] { code = cfg.load(); }), loads ? "" : each.error + std::string("\n"));
-        EXPECT_EQ(std::to_string(code) + text_of(cfg.error_text()), loads ? "0" : "250" + std::string(each.error));
+        EXPECT_EQ(std::to_string(code) + text_of(cfg.error_text()),
+                  loads ? "0" : "250" + std::string(each.error));
         each.disturb();
         if (each.device)
             fs::create_symlink(each.device, "cfg/brod.tmp");
@@ -91,9 +96,11 @@ TEST(ScanCfg, MakesAServerTheFirstOrTellsWhyNot) {
 }
 
 /// A disk that is full at each byte around the ends of the text and of the buffers on its way.
-TEST(ScanCfg, LosesNothingOnAFullDisk) {
+TEST(ScanCfg, LosesNothingOnAFullDisk)
+{
     std::string generic;
-    for (int i = 0; i < 3500; ++i) generic += "line " + std::to_string(10000 + i) + " of it\n";
+    for (int i = 0; i < 3500; ++i)
+        generic += "line " + std::to_string(10000 + i) + " of it\n";
     const std::string text = "server:a\nserver:b\n" + generic, edited = generic + changed;
     const long whole = static_cast<long>(text.size());
     fs::remove_all("cfg");
@@ -107,28 +114,31 @@ TEST(ScanCfg, LosesNothingOnAFullDisk) {
             EXPECT_EQ(sum({cfg.load(), copy.open("w")}), 0);
             if (!limit_files(room))
                 GTEST_SKIP() << "no such limit here";
-            const int rc = cfg.set_server(2), written = copy.write(text.c_str(), static_cast<unsigned>(whole)),
-                      closed = copy.close();
+            const int rc = cfg.set_server(2),
+                      written = copy.write(text.c_str(), static_cast<unsigned>(whole)), closed = copy.close();
             limit_files(-1);
             EXPECT_EQ(rc, room < whole ? 251 : 0) << room;
             EXPECT_EQ(written != 0 || closed != 0, room < whole) << room;
-            EXPECT_TRUE(read_text(file) == (rc != 0 ? text : edited) && read_text("cfg/brod.bak") == (rc != 0 ? "older" : text))
+            EXPECT_TRUE(read_text(file) == (rc != 0 ? text : edited) &&
+                        read_text("cfg/brod.bak") == (rc != 0 ? "older" : text))
                 << room;
         }
 }
 
-TEST(ScanCfg, ListsWhatItRead) {
+TEST(ScanCfg, ListsWhatItRead)
+{
     write_file("brod.cfg", "  protocol :no\r\n\nWorkstation Name: WS \x85 one  \n   \nserver:  alpha x \n"
                            "PROTOCOL:first\nprotocol:  TCP\nSERVER:beta\nname only\n  SERVERS: \t1:2");
     scan_cfg cfg("brod.cfg");
     ASSERT_EQ(cfg.load(), 0);
     EXPECT_EQ(printed_by([&] { cfg.show(); }),
               "Target_Name \t:WS \x85 one\nTarget_Prot \t:TCP\nServer1 \t:alpha x\nServer2 \t:beta\n");
-    EXPECT_EQ(printed_by([&] { cfg.show_all(); }),
-              "\n\n** Full Brod_cfg listing **\nServerline ( 1) :server:  alpha x\nServerline ( 2) :SERVER:beta\n"
-              "Generic line ( 1) :protocol :no\nGeneric line ( 2) :Workstation Name: WS \x85 one\n"
-              "Generic line ( 3) :PROTOCOL:first\nGeneric line ( 4) :protocol:  TCP\n"
-              "Generic line ( 5) :name only\nGeneric line ( 6) :SERVERS: \t1:2\n");
+    EXPECT_EQ(
+        printed_by([&] { cfg.show_all(); }),
+        "\n\n** Full Brod_cfg listing **\nServerline ( 1) :server:  alpha x\nServerline ( 2) :SERVER:beta\n"
+        "Generic line ( 1) :protocol :no\nGeneric line ( 2) :Workstation Name: WS \x85 one\n"
+        "Generic line ( 3) :PROTOCOL:first\nGeneric line ( 4) :protocol:  TCP\n"
+        "Generic line ( 5) :name only\nGeneric line ( 6) :SERVERS: \t1:2\n");
     vector found;
     cfg.fill_vector(found);
     std::string pairs;
@@ -145,9 +155,11 @@ TEST(ScanCfg, ListsWhatItRead) {
     EXPECT_EQ(text_of(cfg.target_name()) + "/" + text_of(cfg.target_protocol()), "PROTOCOL: x/TCP");
 }
 
-TEST(ScanCfg, KeepsEveryByteOfALineAndThePermissions) {
+TEST(ScanCfg, KeepsEveryByteOfALineAndThePermissions)
+{
     const std::string long_line = std::string(1 << 20, '\xE4') + "\n";
-    const std::string generic = std::string("zero \0 inside\n", 14) + "Latin-1 \xE4\xFF, UTF-8 \xC3\xA4\n" + long_line;
+    const std::string generic =
+        std::string("zero \0 inside\n", 14) + "Latin-1 \xE4\xFF, UTF-8 \xC3\xA4\n" + long_line;
     write_file("1brod.cfg", "SERVER: a\n" + generic + "SERVER: b\n");
     fs::permissions("1brod.cfg", fs::perms::owner_read | fs::perms::owner_write);
     scan_cfg cfg("1brod.cfg");

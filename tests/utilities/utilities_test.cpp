@@ -4,7 +4,8 @@
 
 namespace {
 // Formats stand beside a model, with the other inputs that are generated.
-TEST(Usprintf, TakesEachKindOfArgument) {
+TEST(Usprintf, TakesEachKindOfArgument)
+{
     ustring out("before");
     const auto formatted = [&](const char * format, const auto &... args) {
         const int length = usprintf(out, format, args...);
@@ -17,7 +18,8 @@ TEST(Usprintf, TakesEachKindOfArgument) {
     EXPECT_EQ(formatted("%s and %s", out, pathname("p\xE9")), "self and p\xE9");
 }
 
-TEST(Chkfile, TellsWhetherAFileExists) {
+TEST(Chkfile, TellsWhetherAFileExists)
+{
     write_file("there.txt", "");
     transcript lines;
     EXPECT_EQ(kt_chkfile("there.txt") + kt_chkfile("."), 2);
@@ -28,7 +30,8 @@ TEST(Chkfile, TellsWhetherAFileExists) {
     EXPECT_EQ(lines.take().substr(32 * 2), "T[C] kt_chkfile >>>> ENTRY>>>>>\n");
 }
 
-TEST(Heapdump, WalksTheHeapOrSaysThatThereIsNone) {
+TEST(Heapdump, WalksTheHeapOrSaysThatThereIsNone)
+{
     const std::string panic = "PANIC - heapdump() called \n", status = printed_by([] { heapdump(nullptr); });
     const bool walked = status.find("Status=OK\n") != std::string::npos;
     EXPECT_TRUE(walked || status == panic + "OK - empty heap\n") << status;
@@ -42,7 +45,8 @@ TEST(Heapdump, WalksTheHeapOrSaysThatThereIsNone) {
     EXPECT_EQ(used != 0, walked);
 }
 
-TEST(CaptureStream, KeepsLinesAndCountsThemBySeverity) {
+TEST(CaptureStream, KeepsLinesAndCountsThemBySeverity)
+{
     auto * const said = new capture_stream;
     trace::set_stream(orvet::log::wa(), said);
     trace::set_level(orvet::log::wa(), 0);
@@ -55,8 +59,9 @@ TEST(CaptureStream, KeepsLinesAndCountsThemBySeverity) {
     EXPECT_EQ(said->lines().size(), 4U);
     const auto line = [&](unsigned i) { return text_of(static_cast<const ustring &>(*said->lines()[i])); };
     EXPECT_EQ(line(0) + "|" + line(2), "MSG0020 [F] Error closing the file [W] x|[note]  MSG");
-    EXPECT_EQ(line(3).substr(line(3).size() - 6), "  bare");                 // its time stamp in front
-    for (const char * odd : {"", "x", " [", "  MSG1"}) said->writeline(odd); // what no channel writes
+    EXPECT_EQ(line(3).substr(line(3).size() - 6), "  bare"); // its time stamp in front
+    for (const char * odd : {"", "x", " [", "  MSG1"})
+        said->writeline(odd); // what no channel writes
     EXPECT_EQ(line(4) + "|" + line(5) + "|" + line(6) + "|" + line(7), "|x|[|MSG1");
     said->clear();
     EXPECT_EQ(said->lines().size() + said->count(severity::fatal), 0U);
