@@ -176,6 +176,32 @@ void expect_golden(const std::string & name, const std::string & text)
         ADD_FAILURE() << "differs from golden/" << name << ".txt at " << difference(expected, actual);
 }
 
+void expect_golden_cases(const std::string & name,
+                         const std::function<std::string(const std::string &, const std::string &)> & run)
+{
+    std::string text;
+    std::string title;
+    std::string input;
+    bool reads_input = true;
+    for (const std::string & line : split(read_text((golden_directory / (name + ".txt")).string()))) {
+        if (line.starts_with("== ")) {
+            title = line.substr(3);
+            input.clear();
+            reads_input = true;
+        } else if (line != "--") {
+            input += line + "\n";
+            text += reads_input ? line + "\n" : "";
+            continue;
+        }
+        text += line + "\n";
+        if (line == "--") {
+            text += run(title, input);
+            reads_input = false;
+        }
+    }
+    expect_golden(name, text);
+}
+
 void shut_channels()
 {
     for (orvet::work_area * wa : {&orvet::system_trace::wa(), &orvet::log::wa()}) {

@@ -67,6 +67,29 @@ std::string lines_without(const std::string & part, const std::string & lines);
 /// ORVET_UPDATE_GOLDEN set writes the file anew, for review.
 void expect_golden(const std::string & name, const std::string & text);
 
+/// Does the same for cases in a golden file of their own. A case is a line "== NAME", its input and a line
+/// "--"; what `run` returns for name and input is what follows there.
+void expect_golden_cases(
+    const std::string & name,
+    const std::function<std::string(const std::string & name, const std::string & input)> & run);
+
+/// A row of a table in which an input leads to a result.
+template <class Input, class Result>
+struct example {
+    const char * name;
+    Input input;
+    Result result;
+};
+/// Compares what `run` returns for each input with the row's result.
+template <class Table, class Run>
+void expect_each(const Table & table, Run run)
+{
+    for (const auto & row : table) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(run(row.input), row.result);
+    }
+}
+
 /// Names the tests of a table after its rows.
 struct row_name {
     template <class Row>
