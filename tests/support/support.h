@@ -53,7 +53,8 @@ inline std::string text_of(const orvet::ustring & text)
 orvet::ustring from_bytes(const std::string & bytes);
 /// A path as the library writes it on this system, from one with slashes.
 std::string native(std::string path);
-/// A text as it is on every system: separators are slashes, and the test directory is "DIR".
+/// A text as on every system: the test directory is "DIR", and where the separator is a backslash, all are
+/// slashes.
 std::string portable(const std::string & text);
 /// The text with the first of each pair made the second, wherever it is.
 std::string replaced(std::string text, const std::vector<std::pair<std::string, std::string>> & words);
