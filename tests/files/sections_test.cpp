@@ -1,32 +1,99 @@
 #include "support.h"
 
 namespace {
-// What is read stands beside a model, with the other inputs that are generated.
+
+constexpr char file_text[] =
+    "[one]\n[Two]\n[two] \n[two]\nentries = 4x\nentry\nno sign\nkey = a = b\n  k  =   v \nempty = \n"
+    "[bad]\ncount=1\n[last]";
+
 TEST(Sections, WalksForward)
 {
-    write_file("sections.txt",
-               "lead\n[Topology]\n[topology] \n[topology]\nentries = 4\n[bad]\nno count\n[last]");
+    write_file("sections.txt", file_text);
     kt_file file(pathname("sections.txt"));
-    EXPECT_EQ(file.open("r"), 0);
-    int count = 4;
-    EXPECT_EQ(file.find_section("[topology]"), 0);
-    EXPECT_EQ(without({"get_line"}, told([&] { return file.find_section("[topology]"); }, 1)),
-              "T[I] kt_file::find_section Section not found reading kt_file while locating <[topology]>\n-1");
-    const std::tuple<const char *, int, int, const char *> cases[] = {
-        {"[topology]", 2, 4, "T[I] kt_file::seek_section Section <[topology]> found. Count = <4> \n0"},
-        {"[bad]", 0, 4, "0"},
-        {"[bad]", 1, 4, "T[E] kt_file::seek_section Error 258 parsing line\n258"},
-        {"[last]", 1, 0, "T[I] kt_file::seek_section Section <[last]> found. Count = <0> \n0"},
-        {"[none]", 1, 0, "T[E] kt_file::seek_section Error reading kt_file while locating <[none]>\n260"}};
-    for (const auto & each : cases) {
-        const auto seek = [&] {
-            return file.seek_section(std::get<0>(each), std::get<1>(each) ? &count : nullptr,
-                                     std::get<1>(each));
-        };
-        EXPECT_EQ(file.seek(0, SEEK_SET), 0);
-        EXPECT_EQ(without({"get_line"}, told(seek, 1)), std::get<3>(each));
-        EXPECT_EQ(count, std::get<2>(each));
-    }
-    EXPECT_EQ(file.close(), 0);
+    ASSERT_EQ(file.open("r"), 0);
+    ustring key("kept");
+    ustring value("kept");
+    int count = 7;
+    transcript lines;
+    const auto seek = [&](const char * head, int read_count) {
+        count = 7;
+        lines.step(std::string("seek_section ") + head,
+                   [&] { return file.seek_section(head, &count, read_count); });
+        lines.note("count " + std::to_string(count));
+    };
+    const auto find = [&](const char * head) {
+        lines.step(std::string("find_section ") + head, [&] { return file.find_section(head); });
+    };
+    const auto read_pair = [&] {
+        lines.step("get_keyval", [&] { return file.get_keyval(key, value); });
+        lines.note("<" + text_of(key) + "> <" + text_of(value) + ">");
+    };
+    find("[two]");
+    file.seek(0, SEEK_SET);
+    seek("[two]", 1);
+    for (int i = 0; i < 5; ++i)
+        read_pair();
+    seek("[bad]", 1);
+    seek("[last]", 1);
+    read_pair();
+    find("[one]");
+    file.seek(0, SEEK_SET);
+    lines.step("seek_section without a count", [&] { return file.seek_section("[one]", nullptr, 0); });
+    seek("[One]", 0);
+    expect_golden("sections", lines_without("kt_file::get_line", lines.take()));
 }
+
+const example<std::pair<const char *, int>, std::string> tokens[] = {
+    {"the first", {"a,,b", 0}, "a"},        {"an empty one", {"a,,b", 1}, ""},
+    {"the last", {"a,,b", 2}, "b"},         {"past the last", {"a,b", 2}, ""},
+    {"far past the last", {"a,b", 5}, ""},  {"a negative one", {"a,b", -1}, "a"},
+    {"blanks stay", {"a, b ,c", 1}, " b "}, {"of nothing", {"", 1}, ""},
+};
+
+TEST(Sections, TokensAreCountedFromZero)
+{
+    expect_each(tokens, [](const auto & each) { return text_of(get_token(each.first, each.second)); });
+}
+
+const example<const char *, std::string> counts[] = {
+    {"a count", "count = 4", "0, 4"},
+    {"in capitals, with blanks", "COUNT =   4x", "0, 4"},
+    {"no number", "count = x", "0, 0"},
+    {"a negative number", "count = -4", "0, -4"},
+    {"no blanks around the sign", "count=4", "259, 7"},
+    {"another key", "counts = 4", "259, 7"},
+    {"too short", "count", "259, 7"},
+};
+
+TEST(Sections, CountLinesHaveTheirForm)
+{
+    expect_each(counts, [](const char * line) {
+        int count = 7;
+        const short code = get_count(line, &count);
+        return std::to_string(code) + ", " + std::to_string(count);
+    });
+}
+
+const example<std::pair<const char *, const char *>, std::string> values[] = {
+    {"a value", {"Dummy  x y ", "dummy"}, "0 <x y >"},
+    {"no value", {"dummy", "dummy"}, "0 <>"},
+    {"another key", {"dumm x", "dummy"}, "1 <dumm x>"},
+    {"a longer key", {"dum", "dummy"}, "1 <dum>"},
+};
+
+TEST(Sections, KeyvalTakesAKeyOff)
+{
+    expect_each(values, [](const auto & each) {
+        keyval text(each.first);
+        const int differs = text.getval(each.second) != 0 ? 1 : 0;
+        return std::to_string(differs) + " <" + text_of(text) + ">";
+    });
+}
+
+TEST(Sections, ServerFormDoublesTheName)
+{
+    EXPECT_EQ(text_of(build_server_rr("HQ1")), "HQ1_HQ1");
+    EXPECT_EQ(text_of(build_server_rr("")), "");
+}
+
 } // namespace

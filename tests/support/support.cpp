@@ -157,6 +157,16 @@ std::string replaced(std::string text, const std::vector<std::pair<std::string, 
     return text;
 }
 
+std::string without_numbers(std::string text)
+{
+    for (std::size_t at = 0; (at = text.find("rrno", at)) != std::string::npos;) {
+        at = text.find_first_of("0123456789\n", at);
+        if (at != std::string::npos && text[at] > '0')
+            text.replace(at, text.find_first_not_of("0123456789", at) - at, "N");
+    }
+    return text;
+}
+
 std::string lines_with(const std::string & part, const std::string & lines)
 {
     return lines_if([&](const std::string & line) { return line.find(part) != std::string::npos; }, lines);
@@ -249,12 +259,7 @@ std::string without(const std::vector<const char *> & parts, const std::string &
     for (const char * part : parts)
         kept = lines_without(part, kept);
     kept.resize(kept.size() - !kept.empty());
-    for (std::size_t at = 0; (at = kept.find("rrno", at)) != std::string::npos;) {
-        at = kept.find_first_of("0123456789\n", at);
-        if (at != std::string::npos && kept[at] > '0')
-            kept.replace(at, kept.find_first_not_of("0123456789", at) - at, "N");
-    }
-    return kept;
+    return without_numbers(kept);
 }
 
 } // namespace orvet_test
