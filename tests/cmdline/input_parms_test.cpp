@@ -78,16 +78,6 @@ struct fresh_parms : input_parms {
     std::vector<std::string> values;
 };
 
-/// The words of a line; '' is an empty one.
-std::vector<std::string> words_of(const std::string & line)
-{
-    std::vector<std::string> words;
-    std::istringstream in(line);
-    for (std::string word; in >> word;)
-        words.push_back(word == "''" ? "" : word);
-    return words;
-}
-
 /// The lists of a text, one a line, each closed by a null entry.
 struct name_lists {
     explicit name_lists(const std::string & text) : words(words_of(replaced(text, {{"\n", " | "}})))

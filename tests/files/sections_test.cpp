@@ -2,47 +2,6 @@
 
 namespace {
 
-constexpr char file_text[] =
-    "[one]\n[Two]\n[two] \n[two]\nentries = 4x\nentry\nno sign\nkey = a = b\n  k  =   v \nempty = \n"
-    "[bad]\ncount=1\n[last]";
-
-TEST(Sections, WalksForward)
-{
-    write_file("sections.txt", file_text);
-    kt_file file(pathname("sections.txt"));
-    ASSERT_EQ(file.open("r"), 0);
-    ustring key("kept");
-    ustring value("kept");
-    int count = 7;
-    transcript lines;
-    const auto seek = [&](const char * head, int read_count) {
-        count = 7;
-        lines.step(std::string("seek_section ") + head,
-                   [&] { return file.seek_section(head, &count, read_count); });
-        lines.note("count " + std::to_string(count));
-    };
-    const auto find = [&](const char * head) {
-        lines.step(std::string("find_section ") + head, [&] { return file.find_section(head); });
-    };
-    const auto read_pair = [&] {
-        lines.step("get_keyval", [&] { return file.get_keyval(key, value); });
-        lines.note("<" + text_of(key) + "> <" + text_of(value) + ">");
-    };
-    find("[two]");
-    file.seek(0, SEEK_SET);
-    seek("[two]", 1);
-    for (int i = 0; i < 5; ++i)
-        read_pair();
-    seek("[bad]", 1);
-    seek("[last]", 1);
-    read_pair();
-    find("[one]");
-    file.seek(0, SEEK_SET);
-    lines.step("seek_section without a count", [&] { return file.seek_section("[one]", nullptr, 0); });
-    seek("[One]", 0);
-    expect_golden("sections", lines_without("kt_file::get_line", lines.take()));
-}
-
 const example<std::pair<const char *, int>, std::string> tokens[] = {
     {"the first", {"a,,b", 0}, "a"},        {"an empty one", {"a,,b", 1}, ""},
     {"the last", {"a,,b", 2}, "b"},         {"past the last", {"a,b", 2}, ""},

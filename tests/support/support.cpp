@@ -241,6 +241,15 @@ void transcript::note(const std::string & line)
     recorded += line + "\n";
 }
 
+std::vector<std::string> words_of(const std::string & line)
+{
+    std::vector<std::string> words;
+    std::istringstream in(line);
+    for (std::string word; in >> word;)
+        words.push_back(word == "''" ? "" : word);
+    return words;
+}
+
 std::string run_scenario(const std::string & name)
 {
     const std::string output = "scenario." + name + ".out";

@@ -140,6 +140,46 @@ public:
     }
 };
 
+/// The words of a line; '' is an empty one.
+std::vector<std::string> words_of(const std::string & line);
+
+/// A name by which the lines of a script call an operation on something; `words` are those of the line.
+template <class World>
+struct operation {
+    const char * name;
+    std::string (*run)(World & world, const std::vector<std::string> & words);
+};
+/// Runs each line of a script as a step with its result.
+template <class World, std::size_t Count>
+void run_script(const std::string & script, World & world, const operation<World> (&operations)[Count],
+                transcript & lines)
+{
+    std::istringstream in(script);
+    for (std::string line; std::getline(in, line);)
+        lines.step(line, [&] {
+            const std::vector<std::string> words = words_of(line);
+            for (const operation<World> & each : operations)
+                if (each.name == words[0])
+                    return each.run(world, words);
+            return std::string("no such operation");
+        });
+}
+/// A result as text, with what else is to be shown.
+template <class... Shown>
+std::string result(long long code, const Shown &... shown)
+{
+    std::ostringstream text;
+    text << code;
+    [[maybe_unused]] const auto show = [&](const auto & value) {
+        if constexpr (std::is_convertible_v<decltype(value), const orvet::ustring &>)
+            text << " <" << text_of(value) << ">";
+        else
+            text << " <" << value << ">";
+    };
+    (show(shown), ...);
+    return text.str();
+}
+
 /// What `action` prints to standard output, CR LF as LF.
 template <class Action>
 std::string printed_by(Action action)
