@@ -2,8 +2,6 @@
 
 namespace {
 
-constexpr unsigned npos = ustring::npos;
-
 const struct {
     const char * name;
     std::string bytes;
@@ -38,56 +36,85 @@ TEST(Ustring, ReturnsAnyBytesUnchanged)
     }
 }
 
-const struct {
-    const char * name;
-    const char * text;
-    void (*edit)(ustring & text);
-    const char * result;
-} edits[] = {
-    {"assign a part", "x", [](ustring & t) { t.assign("abcd", 1, 2); }, "bc"},
-    {"assign from a position outside", "x", [](ustring & t) { t.assign("abcd", 4, 1); }, ""},
-    {"assign null", "x", [](ustring & t) { t.assign(static_cast<const char *>(nullptr)); }, ""},
-    {"assign a part of itself", "abcdef", [](ustring & t) { t.assign(t, 2, 3); }, "cde"},
-    {"assign its own bytes", "abcdef", [](ustring & t) { t.assign(t.mbcs_str() + 4); }, "ef"},
-    {"construct from a position outside", "x", [](ustring & t) { t = ustring("abc", 3); }, ""},
-    {"append a text", "ab", [](ustring & t) { t.append(ustring("cd")).append("ef"); }, "abcdef"},
-    {"append null", "ab", [](ustring & t) { t.append(static_cast<const char *>(nullptr)); }, "ab"},
-    {"append by the operator", "ab", [](ustring & t) { (t += "c") += ustring("d"); }, "abcd"},
-    {"append itself, growing", "0123456789", [](ustring & t) { t.append(t); }, "01234567890123456789"},
-    {"append its own bytes, growing", "0123456789", [](ustring & t) { t += t.mbcs_str(); },
-     "01234567890123456789"},
-    {"insert inside", "abc", [](ustring & t) { t.insert(1, "0123", 1, 2); }, "a12bc"},
-    {"insert past the end", "abc", [](ustring & t) { t.insert(9, "01"); }, "abc01"},
-    {"insert from a position outside", "abc", [](ustring & t) { t.insert(1, "01", 2, 1); }, "abc"},
-    {"insert a part of itself", "abcdef", [](ustring & t) { t.insert(1, t, 4); }, "aefbcdef"},
-    {"remove inside", "abcd", [](ustring & t) { t.remove(1, 2); }, "ad"},
-    {"remove up to the end", "abcd", [](ustring & t) { t.remove(3); }, "abc"},
-    {"remove past the end", "abcd", [](ustring & t) { t.remove(4, 1); }, "abcd"},
-    {"raise a range", "abcd", [](ustring & t) { t.to_upper(1, 2); }, "aBCd"},
-    {"raise ASCII letters only", "`az{\xC3\xA9", [](ustring & t) { t.to_upper(); }, "`AZ{\xC3\xA9"},
-    {"lower ASCII letters only", "@AZ[\xC3\x89", [](ustring & t) { t.to_lower(); }, "@az[\xC3\x89"},
-    {"lower up to the end", "ABCD", [](ustring & t) { t.to_lower(2); }, "ABcd"},
-    {"strip the front", "  a b  ", [](ustring & t) { t.strip(1, u' '); }, "a b  "},
-    {"strip the back", "  a b  ", [](ustring & t) { t.strip(2, u' '); }, "  a b"},
-    {"strip both ends", "  a b  ", [](ustring & t) { t.strip(3, u' '); }, "a b"},
-    {"strip all there is", "   ", [](ustring & t) { t.strip(3, u' '); }, ""},
-    {"strip another sign", "--a b-", [](ustring & t) { t.strip(3, u'-'); }, "a b"},
-    {"move onto itself", "abc", [](ustring & t) { std::swap(t, t); }, "abc"},
-    {"move a long text", "x", [](ustring & t) { t = ustring("a text of more than sixteen"); },
-     "a text of more than sixteen"},
-    {"cut a pair in two", "\xF0\x9F\x99\x82", [](ustring & t) { t.remove(1).append("x"); }, "\xED\xA0\xBDx"},
+unsigned number(const std::string & word)
+{
+    return static_cast<unsigned>(std::stol(word));
+}
+
+/// "_" stands for a blank.
+ustring text(const std::string & word)
+{
+    return ustring(replaced(word, {{"_", " "}}).c_str());
+}
+
+int sign(int order)
+{
+    return (order > 0) - (order < 0);
+}
+
+std::string found(unsigned place)
+{
+    return result(static_cast<int>(place));
+}
+
+const operation<ustring> operations[] = {
+    {"new", [](auto & t, auto & w) { return text_of(t = ustring(text(w[1]), number(w[2]), number(w[3]))); }},
+    {"assign", [](auto & t, auto & w) { return text_of(t.assign(text(w[1]), number(w[2]), number(w[3]))); }},
+    {"assign_self", [](auto & t, auto & w) { return text_of(t.assign(t, number(w[1]), number(w[2]))); }},
+    {"assign_bytes", [](auto & t, auto & w) { return text_of(t.assign(t.mbcs_str() + number(w[1]))); }},
+    {"append", [](auto & t, auto & w) { return text_of(t.append(text(w[1]))); }},
+    {"add", [](auto & t, auto & w) { return text_of(t += w[1].c_str()); }},
+    {"append_self", [](auto & t, auto &) { return text_of(t.append(t)); }},
+    {"append_bytes", [](auto & t, auto &) { return text_of(t.append(t.mbcs_str())); }},
+    {"insert",
+     [](auto & t, auto & w) {
+         return text_of(t.insert(number(w[1]), text(w[2]), number(w[3]), number(w[4])));
+     }},
+    {"insert_self", [](auto & t, auto & w) { return text_of(t.insert(number(w[1]), t, number(w[2]))); }},
+    {"remove", [](auto & t, auto & w) { return text_of(t.remove(number(w[1]), number(w[2]))); }},
+    {"to_upper", [](auto & t, auto & w) { return text_of(t.to_upper(number(w[1]), number(w[2]))); }},
+    {"to_lower", [](auto & t, auto & w) { return text_of(t.to_lower(number(w[1]), number(w[2]))); }},
+    {"strip",
+     [](auto & t, auto & w) { return "<" + text_of(t.strip(std::stoi(w[1]), text(w[2]).data()[0])) + ">"; }},
+    {"unit",
+     [](auto & t, auto & w) { return found(t.find(text(w[1]).data()[0], number(w[2]), std::stoi(w[3]))); }},
+    {"find",
+     [](auto & t, auto & w) {
+         return found(t.find(text(w[1]).data(), number(w[2]), number(w[3]), std::stoi(w[4])));
+     }},
+    {"one_of",
+     [](auto & t, auto & w) {
+         return found(t.find_first_of(text(w[1]).data(), number(w[2]), number(w[3]), std::stoi(w[4])));
+     }},
+    {"none_of",
+     [](auto & t, auto & w) {
+         return found(t.find_first_not_of(text(w[1]).data(), number(w[2]), number(w[3]), std::stoi(w[4])));
+     }},
+    {"compare",
+     [](auto & t, auto & w) {
+         return result(sign(
+             t.compare(number(w[1]), number(w[2]), text(w[3]), number(w[4]), number(w[5]), std::stoi(w[6]))));
+     }},
+    {"begins", [](auto & t, auto & w) { return result(t.begins_with(w[1].c_str())); }},
 };
 
-TEST(Ustring, EditsInPlace)
+TEST(Ustring, EditsSearchesAndCompares)
 {
-    for (const auto & row : edits) {
-        SCOPED_TRACE(row.name);
-        ustring text(row.text);
-        text.mbcs_str(); // the bytes of before must not stay
-        row.edit(text);
-        EXPECT_EQ(text_of(text), row.result);
-        EXPECT_EQ(text.data()[text.length()], u'\0');
-    }
+    expect_golden_cases("ustring", [](const std::string &, const std::string & script) {
+        ustring value;
+        transcript lines;
+        run_script(script, value, operations, lines);
+        EXPECT_EQ(value.data()[value.length()], u'\0');
+        return lines.take();
+    });
+}
+
+TEST(Ustring, NullIsTheEmptyText)
+{
+    const char * const null = nullptr;
+    EXPECT_EQ(text_of(ustring("ab").append(null)), "ab");
+    EXPECT_EQ(text_of(ustring("ab").assign(null)), "");
+    EXPECT_EQ(text_of(ustring(null)), "");
 }
 
 TEST(Ustring, MovesLeaveAnEmptyText)
@@ -109,61 +136,6 @@ TEST(Ustring, GrowsByManySmallPieces)
         expected += "\xE2\x82\xACx";
     }
     EXPECT_EQ(text_of(text), expected);
-}
-
-const example<unsigned (*)(const ustring & text), unsigned> searches[] = {
-    {"a unit from a position", [](const ustring & t) { return t.find(u'=', 3); }, 6},
-    {"a unit at the position", [](const ustring & t) { return t.find(u'=', 2); }, 2},
-    {"a unit, case respected", [](const ustring & t) { return t.find(u'b'); }, npos},
-    {"a unit, case ignored", [](const ustring & t) { return t.find(u'b', 0, 1); }, 4},
-    {"a unit past the end", [](const ustring & t) { return t.find(u'a', 9); }, npos},
-    {"a text", [](const ustring & t) { return t.find(u" = ", 0, 3); }, 1},
-    {"a text up to its zero", [](const ustring & t) { return t.find(u" = ", 2, npos); }, 5},
-    {"a text, case respected", [](const ustring & t) { return t.find(u"b =", 0, 3, 0); }, npos},
-    {"a text, case ignored", [](const ustring & t) { return t.find(u"b =", 0, 3, 1); }, 4},
-    {"a text at the end", [](const ustring & t) { return t.find(u"c", 0, 1); }, 8},
-    {"no units, at the end", [](const ustring & t) { return t.find(u"", 9, 0); }, 9},
-    {"no units, past the end", [](const ustring & t) { return t.find(u"", 10, 0); }, npos},
-    {"one of a set", [](const ustring & t) { return t.find_first_of(u"c=", 3, 2); }, 6},
-    {"one of a set, case ignored", [](const ustring & t) { return t.find_first_of(u"xb", 0, 2, 1); }, 4},
-    {"one of a set up to its zero", [](const ustring & t) { return t.find_first_of(u"xB", 0, npos); }, 4},
-    {"none of an empty set", [](const ustring & t) { return t.find_first_of(u"a", 0, 0); }, npos},
-    {"outside a set", [](const ustring & t) { return t.find_first_not_of(u" a=", 0, 3); }, 4},
-    {"outside a set, case ignored", [](const ustring & t) { return t.find_first_not_of(u" A=b", 0, 4, 1); },
-     8},
-    {"nothing outside a set", [](const ustring & t) { return t.find_first_not_of(u"c", 8, npos); }, npos},
-};
-
-TEST(Ustring, FindsTheFirstMatch)
-{
-    expect_each(searches, [](auto search) { return search("a = B = c"); });
-}
-
-int compare_whole(const char * a, const char * b, int flag)
-{
-    return ustring(a).compare(0, npos, b, 0, npos, flag);
-}
-
-const example<int (*)(), int> comparisons[] = {
-    {"equal", [] { return compare_whole("ab", "ab", 0); }, 0},
-    {"a prefix", [] { return ustring("abc").compare(0, 2, "ab", 0, npos, 0); }, 0},
-    {"parts of both", [] { return ustring("xb").compare(1, npos, "abc", 1, 1, 0); }, 0},
-    {"outside both", [] { return ustring("a").compare(1, 5, "b", 1, 5, 0); }, 0},
-    {"shorter", [] { return compare_whole("a", "ab", 0); }, -1},
-    {"longer", [] { return compare_whole("ab", "a", 0); }, 1},
-    {"below", [] { return compare_whole("ab", "ac", 0); }, -1},
-    {"above", [] { return compare_whole("c", "bz", 1); }, 1},
-    {"another case, respected", [] { return compare_whole("A", "a", 0); }, -1},
-    {"another case, ignored", [] { return compare_whole("A[", "a[", 1); }, 0},
-    {"signs beside the letters", [] { return compare_whole("[", "{", 1); }, -1},
-    {"a true beginning", [] { return ustring("SEND=x").begins_with("SEND=") ? 0 : 1; }, 0},
-    {"a beginning that is longer", [] { return ustring("SEN").begins_with("SEND=") ? 0 : 1; }, 1},
-    {"a beginning in another case", [] { return ustring("send=").begins_with("SEND=") ? 0 : 1; }, 1},
-};
-
-TEST(Ustring, ComparesRanges)
-{
-    expect_each(comparisons, [](auto compare) { return (compare() > 0) - (compare() < 0); });
 }
 
 using texts = std::vector<std::string>;
