@@ -1,174 +1,208 @@
 #include "support.h"
 
-#include <sstream>
-
 namespace {
-std::string names(const char * const * list) {
-    std::string all;
-    for (; *list; ++list) all += std::string(" ") + *list;
-    return all;
+
+template <auto Get>
+std::string value_of(const input_parms & ip)
+{
+    const auto & value = (ip.*Get)();
+    if constexpr (std::is_integral_v<std::decay_t<decltype(value)>>)
+        return std::to_string(value);
+    else
+        return value.mbcs_str();
 }
 
-std::string marks(const input_parms & ip) {
-    std::vector<const char *> set;
-    std::copy_if(ip_names, ip_names + 30, std::back_inserter(set), [&](auto name) { return ip.ip(name) != 0; });
-    set.push_back(nullptr);
-    return names(set.data());
-}
-
-/// Gives the words of a line, "''" for an empty one, to a record; then "code | marks | printed".
-std::string outcome(input_parms & ip, const std::string & line) {
-    std::vector<std::string> words;
-    std::istringstream in(line);
-    for (std::string word; in >> word;) words.push_back(word == "''" ? "" : word);
-    std::vector<char *> argv;
-    for (std::string & word : words) argv.push_back(word.data());
-    short code = -1;
-    const std::string printed = printed_by([&] { code = ip.get_ips(static_cast<int>(argv.size()), argv.data()); });
-    return std::to_string(code) + " |" + marks(ip) + " | " + printed;
-}
-
-class InputParms : public testing::Test {
-protected:
-    // The class-level values outlive every object, and so every test.
-    ~InputParms() override {
-        input_parms::ip_op_sys() = "UVX";
-        input_parms::ip_base_cmd() = "";
-        input_parms::ip_file_name() = "";
-        input_parms::ip_h_global() = 1;
-        input_parms::ip_t_global() = 0;
-    }
+const struct {
+    const char * option;
+    std::string (*value)(const input_parms & ip);
+} fields[] = {
+    {"-log", value_of<&input_parms::ip_log_level>},
+    {"-trc", value_of<&input_parms::ip_trace_level>},
+    {"-osys", [](const input_parms &) { return text_of(input_parms::ip_op_sys()); }},
+    {"-ini", [](const input_parms &) { return text_of(input_parms::ip_file_name().text()); }},
+    {"-rcmd", [](const input_parms &) { return text_of(input_parms::ip_base_cmd()); }},
+    {"-tobj", value_of<&input_parms::ip_obj_type>},
+    {"-uvxp", value_of<&input_parms::ip_uvxinstp>},
+    {"-trg", value_of<&input_parms::ip_trg_name>},
+    {"-top", value_of<&input_parms::ip_top_root>},
+    {"-force", value_of<&input_parms::ip_force>},
+    {"-cmd", value_of<&input_parms::ip_cmd>},
+    {"-key", value_of<&input_parms::ip_key>},
+    {"-gh", [](const input_parms &) { return std::to_string(input_parms::ip_h_global()); }},
+    {"-gt", [](const input_parms &) { return std::to_string(input_parms::ip_t_global()); }},
+    {"-usr", value_of<&input_parms::ip_usr_name>},
+    {"-prf", value_of<&input_parms::ip_prf_name>},
+    {"-gp", value_of<&input_parms::ip_grp_name>},
+    {"-tool", value_of<&input_parms::ip_tool_name>},
+    {"-obj", value_of<&input_parms::ip_obj_file_name>},
+    {"-file", value_of<&input_parms::ip_input_file>},
+    {"-srv", value_of<&input_parms::ip_srv_name>},
+    {"-dir", value_of<&input_parms::ip_input_dir>},
+    {"-pro", value_of<&input_parms::ip_pro_name>},
+    {"-gfn", value_of<&input_parms::ip_gfn_name>},
+    {"-resgf", value_of<&input_parms::ip_resgf_name>},
+    {"-ret", value_of<&input_parms::ip_ret_val>},
+    {"-type", value_of<&input_parms::ip_type>},
+    {"-ftok", value_of<&input_parms::ip_tokens_file>},
+    {"-odir", value_of<&input_parms::ip_out_dir>},
+    {"-vxai", value_of<&input_parms::ip_vxa_images>},
 };
 
-// Which value reaches which field stands beside a model, with the other inputs that are generated.
-TEST_F(InputParms, ValuesOfTheClassAreSeenByEveryObject) {
-    using ip = input_parms;
-    input_parms other;
+/// The class-level values outlive every object: each record begins with those of the process's start, but for
+/// the flag that "-gh" sets.
+struct fresh_parms : input_parms {
+    fresh_parms()
     {
-        input_parms given;
-        outcome(given, "tool -rcmd Base -ini File");
+        ip_op_sys() = "UVX";
+        ip_base_cmd() = "";
+        ip_file_name() = "";
+        ip_h_global() = 0;
+        ip_t_global() = 0;
+        for (const auto & field : fields)
+            values.push_back(field.value(*this));
     }
-    EXPECT_EQ(text_of(other.ip_base_cmd()) + text_of(other.ip_file_name().text()) + marks(other), "BaseFile");
-    ip::ip_h_global() = 0;
-    for (const auto & [option, expected] : {std::pair("-gt", 100), {"-force", 110}, {"-gh", 1110}, {"-uvxp", 1111}}) {
-        outcome(other, std::string("tool ") + option);
-        EXPECT_EQ(ip::ip_h_global() * 1000 + ip::ip_t_global() * 100 + other.ip_force() * 10 + other.ip_uvxinstp(), expected);
+
+    /// Each option that is marked or whose value has changed.
+    std::string changes() const
+    {
+        std::string text;
+        for (std::size_t i = 0; i < std::size(fields); ++i) {
+            const std::string value = fields[i].value(*this);
+            const bool is_marked = ip(fields[i].option) != 0;
+            if (is_marked || value != values[i])
+                text += fields[i].option + (" <" + value + (is_marked ? ">\n" : "> unmarked\n"));
+        }
+        return text;
     }
-}
 
-TEST_F(InputParms, ReadsCommandLines) {
-    const char * const cases[][2] = {
-        {"", "0 | | "},
-        {"-log", "0 | | "},
-        {"tool -LOG 3 -trcfoo 2 -forced", "0 | -log -trc -force | "},
-        {"tool -log 1 -log 3x -trc 2", "0 | -log -trc | "},
-        {"tool -uvxp -gh -gt -force", "0 | -uvxp -force -gh -gt | "},
-        {"tool -USRX", "15 | | MSGI0005 [F] No value specified for option -usrx.\n"},
-        {"tool -force -key", "15 | -force | MSGI0005 [F] No value specified for option -key.\n"},
-        {"tool File", "1 | | MSGI0004 [F] The option file is not supported.\n"},
-        {"tool -tool x ''", "1 | -tool | MSGI0004 [F] The option  is not supported.\n"},
-        {"tool -lo", "1 | | MSGI0004 [F] The option -lo is not supported.\n"},
-        {"tool -osys uvx -log 3", "16 | -osys | MSGI0006 [F] The oprating system specified (uvx) is invalid.\n"},
-        {"tool -tobj PROCEDURE -log 3", "17 | -tobj | MSGI0006 [F] The object type specified (PROCEDURE) is invalid.\n"},
-        {"tool -ret OK -log 3 -trc 2", "0 | -log -trc -ret | MSGI0010 [F] The value specified for the -ret option "
-                                       "is incorrect. The err value is used as default.\n"},
-        {"tool -type plan -log 3 -trc 2", "0 | -log -trc -type | MSGI0011 [F] The value specified for the -type option is "
-                                          "incorrect. Allowed values are GEN, ZR7CID, WINCID, BRD2, PROCEDURE and PLAN.\n"}};
-    for (const auto & [line, expected] : cases) {
-        input_parms ip;
-        EXPECT_EQ(outcome(ip, line), expected) << line;
-        const int levels = ip.ip_log_level() * 10 + ip.ip_trace_level();
-        EXPECT_EQ(levels, ip.ip("-trc") ? 32 : levels) << line;
+    std::vector<std::string> values;
+};
+
+/// The lists of a text, one a line, each closed by a null entry.
+struct name_lists {
+    explicit name_lists(const std::string & text) : words(words_of(replaced(text, {{"\n", " | "}})))
+    {
+        for (const std::string & word : words)
+            names.push_back(word == "|" ? nullptr : word.c_str());
     }
-    EXPECT_EQ(text_of(input_parms::ip_op_sys()), ""); // wiped, not back at its default
-    input_parms ip;
-    char words[][8] = {"Tool", "-LOG", "-TRC", "-INI", "Mix/Ed"}, *argv[] = {words[0], words[1], words[2], words[3], words[4]};
-    EXPECT_EQ(sum({ip.get_ips(5, argv), ip.ip_log_level()}), 0);                                       // from the text "-TRC"
-    EXPECT_EQ(std::string(argv[0]) + argv[1] + argv[2] + argv[3] + argv[4], "Tool-log-TRC-iniMix/Ed"); // lowered where they stand
-}
-
-// The words that are taken stand beside a model, with the other inputs that are generated.
-TEST_F(InputParms, KeywordsAreOneOfASet) {
-    input_parms ip;
-    printed_by([&] { ip.set_ip_obj_type("PROC "), ip.set_ip_ret_val(""), ip.set_ip_type("TYPE"), ip.set_ip_log_level(nullptr); });
-    EXPECT_EQ(text_of(ip.ip_obj_type()) + "|" + text_of(ip.ip_ret_val()) + "|" + text_of(ip.ip_type()), "|err|err");
-}
-
-TEST_F(InputParms, ValidatesAgainstTwoLists) {
-    const std::string missing = "MSGI0007 [F] The mandatory input parameter ", foreign = "MSGI0008 [W] The option ",
-                      not_allowed = " specified at call time is not allowed.\n";
-    using list = std::vector<const char *>;
-    const std::tuple<list, list, list, std::string> cases[] = {
-        {{"-nosuch", "-logs"}, {nullptr}, {nullptr}, ""},
-        {{"-log", "-ini"}, {"-ini", nullptr}, {"-log", nullptr}, ""},
-        {{"-trc", "-log"}, {nullptr}, {nullptr}, foreign + "-log" + not_allowed + foreign + "-trc" + not_allowed},
-        {{"-log"}, {"-ini", "-tool", nullptr}, {nullptr}, missing + "-ini was not supplied.\n"},
-        {{"-ini"}, {"-ini", "-tool", nullptr}, {nullptr}, missing + "-tool was not supplied.\n"},
-        {{"-ini"}, {"-nosuch", "-INI", "-ini", nullptr}, {nullptr}, ""}};
-    for (const auto & each : cases) {
-        input_parms ip;
-        for (const char * const name : std::get<0>(each)) ip.set_ip(name);
-        int valid = -1;
-        const auto validate = [&] { valid = ip.validate(std::get<1>(each).data(), std::get<2>(each).data()); };
-        EXPECT_EQ(printed_by(validate), std::get<3>(each));
-        EXPECT_EQ(valid, std::get<3>(each).find(missing) != 0);
+    const char * const * operator[](int n) const
+    {
+        const char * const * list = names.data();
+        for (; n > 0; ++list)
+            n -= *list == nullptr;
+        return list;
     }
+
+    std::vector<std::string> words;
+    std::vector<const char *> names;
+};
+
+std::string text_of(const char * const * list)
+{
+    std::string text;
+    for (; *list; ++list)
+        text += std::string(" ") + *list;
+    return text;
 }
 
-TEST_F(InputParms, TellsUsageAndAllThatIsMissing) {
-    const char * const mandatory[] = {"-force", "-nosuch", "-ini", "-tool", nullptr};
-    EXPECT_EQ(text_of(input_parms::usage({ip_names, mandatory + 1}, "t")),
-              "usage: t -log NUMBER -trc NUMBER -osys UVX|WINDOWS_NT -ini PATH -rcmd TEXT -tobj PROC|PLAN|SOFTW -uvxp -trg TEXT "
-              "-top PATH -force -cmd TEXT -key TEXT -gh -gt -usr TEXT -prf TEXT -gp TEXT -tool TEXT -obj PATH -file PATH "
-              "-srv TEXT -dir PATH -pro TEXT -gfn TEXT -resgf TEXT -ret ok|err "
-              "-type GEN|ZR7CID|WINCID|BRD2|PROCEDURE|PLAN|UVXINSTP -ftok TEXT -odir PATH -vxai PATH [options]\n"
-              "options:\n    -nosuch\n    -ini PATH\n    -tool TEXT\n");
-    EXPECT_EQ(text_of(input_parms::usage({mandatory, mandatory + 4}, "t")), "usage: t -force -nosuch -ini PATH -tool TEXT\n");
-    input_parms ip;
-    ip.set_ip_file_name("");
-    const vector missing = ip.missing(mandatory);
-    EXPECT_TRUE(missing.size() == 2 && static_cast<const ustring &>(*missing[1]) == "-tool");
+TEST(InputParms, ReadsCommandLines)
+{
+    expect_golden_cases("command_lines", [](const std::string &, const std::string & line) {
+        fresh_parms ip;
+        std::vector<std::string> words = words_of(line);
+        std::vector<char *> argv;
+        for (std::string & word : words)
+            argv.push_back(word.data());
+        short code = -1;
+        const auto parse = [&] { code = ip.get_ips(static_cast<int>(argv.size()), argv.data()); };
+        const std::string printed = printed_by(parse);
+        argv.push_back(nullptr);
+        return "code " + std::to_string(code) + text_of(argv.data()) + "\n" + printed + ip.changes();
+    });
 }
 
-// clang-format off
-TEST_F(InputParms, ProfilesAreThoseOfTheTools) {
-    const std::string tool = " -ini -tool |", top = " -ini -top -tool |", levels = " -log -trc", cmd = levels + " -osys -rcmd";
-    const std::string profiles[] = {
-        tool + cmd + " -tobj -uvxp -obj", tool + cmd + " -trg -gh -obj", top + levels, top + levels,
-        tool + levels + " -gt -osys -rcmd -obj", top + levels + " -force -gt",
-        " -file -dir -gfn |" + levels + " -vxai -osys -rcmd", tool + cmd + " -usr -obj", tool + cmd + " -prf -obj",
-        tool + cmd + " -gp -obj", " -ini -tool -obj |" + cmd, top + levels, top + levels, top + levels, top + levels,
-        " -tool -dir -file -top |" + cmd,
-        " -tool -dir -srv -top |" + levels + " -file -ret -gfn -type -osys -rcmd",
-        " -gfn -dir -ftok -odir -type |" + levels + " -file",
-        " -cmd -ini | -obj -tool -file -dir" + cmd + " -srv"};
-    for (int i = 0; i < 19; ++i)
-        EXPECT_EQ(names(ip_profiles[i].mandatory) + " |" + names(ip_profiles[i].allowed), profiles[i]) << i + 1;
+TEST(InputParms, ValidatesMarksAgainstTwoLists)
+{
+    expect_golden_cases("command_validation", [](const std::string &, const std::string & text) {
+        const name_lists lists(text);
+        fresh_parms ip;
+        for (const char * const * name = lists[0]; *name; ++name)
+            ip.set_ip(*name);
+        const vector missing = ip.missing(lists[1]);
+        std::string result = "missing";
+        for (unsigned i = 0; i < missing.size(); ++i)
+            result += " " + orvet_test::text_of(static_cast<ustring &>(*missing[i]));
+        const auto validate = [&] { std::printf("= %d\n", ip.validate(lists[1], lists[2])); };
+        return result + "\n" + printed_by(validate) + ip.changes();
+    });
 }
-// clang-format on
+
+TEST(InputParms, ValuesOfTheClassOutliveTheirObject)
+{
+    {
+        fresh_parms given;
+        given.set_ip_base_cmd("base");
+        given.set_ip_t_global();
+    }
+    const input_parms other;
+    EXPECT_STREQ(other.ip_base_cmd().mbcs_str(), "base");
+    EXPECT_EQ(other.ip_t_global(), 1);
+    EXPECT_EQ(other.ip("-rcmd"), 0);
+}
+
+TEST(InputParms, NullIsTheEmptyText)
+{
+    fresh_parms ip;
+    ip.set_ip_trg_name("before");
+    ip.set_ip_trg_name(nullptr);
+    ip.set_ip_top_root(nullptr);
+    ip.set_ip_log_level(nullptr);
+    EXPECT_EQ(ip.changes(), "-log <0>\n-trg <>\n-top <>\n");
+}
+
+TEST(OptionProfiles, AreThoseOfTheTools)
+{
+    std::string text = "names" + text_of(ip_names) + "\n";
+    for (const option_profile & profile : ip_profiles)
+        text += "mandatory" + text_of(profile.mandatory) + ", allowed" + text_of(profile.allowed) + "\n";
+    expect_golden("option_profiles", text);
+}
+
+TEST(Usage, ShowsEachOptionsValue)
+{
+    const char * const strange[] = {"-force", "-nosuch", nullptr};
+    const ustring text = input_parms::usage({strange, ip_names}, "tool");
+    const ustring bare = input_parms::usage({strange + 1, strange + 2}, "tool");
+    expect_golden("usage", orvet_test::text_of(text) + orvet_test::text_of(bare));
+}
 
 const scenario set_up("set_up", [] {
-    const auto state = [] {
-        std::printf("%ld %ld %d %d\n", trace::max_size(orvet::log::wa()), trace::max_size(system_trace::wa()),
-                    trace::level(orvet::log::wa()), trace::level(system_trace::wa()));
+    const auto print_state = [] {
+        std::printf("log %ld %d, ", trace::max_size(orvet::log::wa()), trace::level(orvet::log::wa()));
+        std::printf("trace %ld %d\n", trace::max_size(system_trace::wa()), trace::level(system_trace::wa()));
     };
-    const std::tuple<const char *, const char *> settings[] = {
-        {"KTXWORK", nullptr}, {"ktxlsize", "7"}, {"ktxtsize", "8"}, {"ktxllev", "3"}, {"ktxtlev", "-4"}};
-    for (const auto & [name, value] : settings) set_variable(name, value);
+    for (const char * name : {"KTXPATH", "brdcfg", "KTXWORK"})
+        set_variable(name, nullptr);
+    set_variable("ktxrmtf", "x");
+    set_variable("ktxlsize", "7");
+    set_variable("ktxtsize", "8");
+    set_variable("ktxllev", "3");
+    set_variable("ktxtlev", "-4");
     input_parms ip;
+    std::printf("%s %d %d\n", ip.ip_op_sys().mbcs_str(), ip.ip_h_global(), ip.ip_t_global());
+    std::printf("%d %d\n", ip.ip_log_level(), ip.ip_trace_level());
     setloglevel(ip);
-    state();
+    print_state();
     ip.set_ip_log_level("6");
-    ip.set_ip_trace_level("6");
+    ip.set_ip_trace_level("6x");
     set_variable("ostrel_trace_level", "4");
     setloglevel(ip);
-    state();
-    std::printf("%s %d %d\n", ip.ip_op_sys().mbcs_str(), ip.ip_h_global(), ip.ip_t_global());
+    print_state();
 });
 
-TEST(SetUp, AppliesSizesAndLevels) {
-    const std::string said = run_scenario("set_up");
-    EXPECT_EQ(said.find("MSGI0009 [F]"), 0U);
-    EXPECT_EQ(said.substr(said.find('\n')), "\n7 8 3 -4\n7 8 4 4\nUVX 1 0\n");
+TEST(SetUp, AppliesSizesAndLevelsAndReportsSettingsOnce)
+{
+    expect_golden("set_up", run_scenario("set_up"));
 }
+
 } // namespace

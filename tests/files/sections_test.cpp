@@ -1,29 +1,58 @@
 #include "support.h"
 
 namespace {
-// What is read stands beside a model, with the other inputs that are generated.
-TEST(Sections, WalksForward) {
-    write_file("sections.txt", "lead\n[Topology]\n[topology] \n[topology]\nentries = 4\n[bad]\nno count\n[last]");
-    kt_file file(pathname("sections.txt"));
-    EXPECT_EQ(file.open("r"), 0);
-    int count = 4;
-    EXPECT_EQ(file.find_section("[topology]"), 0);
-    EXPECT_EQ(without({"get_line"}, told([&] { return file.find_section("[topology]"); }, 1)),
-              "T[I] kt_file::find_section Section not found reading kt_file while locating <[topology]>\n-1");
-    const std::tuple<const char *, int, int, const char *> cases[] = {
-        {"[topology]", 2, 4, "T[I] kt_file::seek_section Section <[topology]> found. Count = <4> \n0"},
-        {"[bad]", 0, 4, "0"},
-        {"[bad]", 1, 4, "T[E] kt_file::seek_section Error 258 parsing line\n258"},
-        {"[last]", 1, 0, "T[I] kt_file::seek_section Section <[last]> found. Count = <0> \n0"},
-        {"[none]", 1, 0, "T[E] kt_file::seek_section Error reading kt_file while locating <[none]>\n260"}};
-    for (const auto & each : cases) {
-        const auto seek = [&] {
-            return file.seek_section(std::get<0>(each), std::get<1>(each) ? &count : nullptr, std::get<1>(each));
-        };
-        EXPECT_EQ(file.seek(0, SEEK_SET), 0);
-        EXPECT_EQ(without({"get_line"}, told(seek, 1)), std::get<3>(each));
-        EXPECT_EQ(count, std::get<2>(each));
-    }
-    EXPECT_EQ(file.close(), 0);
+
+const example<std::pair<const char *, int>, std::string> tokens[] = {
+    {"the first", {"a,,b", 0}, "a"},        {"an empty one", {"a,,b", 1}, ""},
+    {"the last", {"a,,b", 2}, "b"},         {"past the last", {"a,b", 2}, ""},
+    {"far past the last", {"a,b", 5}, ""},  {"a negative one", {"a,b", -1}, "a"},
+    {"blanks stay", {"a, b ,c", 1}, " b "}, {"of nothing", {"", 1}, ""},
+};
+
+TEST(Sections, TokensAreCountedFromZero)
+{
+    expect_each(tokens, [](const auto & each) { return text_of(get_token(each.first, each.second)); });
 }
+
+const example<const char *, std::string> counts[] = {
+    {"a count", "count = 4", "0, 4"},
+    {"in capitals, with blanks", "COUNT =   4x", "0, 4"},
+    {"no number", "count = x", "0, 0"},
+    {"a negative number", "count = -4", "0, -4"},
+    {"no blanks around the sign", "count=4", "259, 7"},
+    {"another key", "counts = 4", "259, 7"},
+    {"too short", "count", "259, 7"},
+};
+
+TEST(Sections, CountLinesHaveTheirForm)
+{
+    expect_each(counts, [](const char * line) {
+        int count = 7;
+        const short code = get_count(line, &count);
+        return std::to_string(code) + ", " + std::to_string(count);
+    });
+}
+
+const example<std::pair<const char *, const char *>, std::string> values[] = {
+    {"a value", {"Dummy  x y ", "dummy"}, "0 <x y >"},
+    {"no value", {"dummy", "dummy"}, "0 <>"},
+    {"another key", {"dumm x", "dummy"}, "1 <dumm x>"},
+    {"a longer key", {"dum", "dummy"}, "1 <dum>"},
+};
+
+TEST(Sections, KeyvalTakesAKeyOff)
+{
+    expect_each(values, [](const auto & each) {
+        keyval text(each.first);
+        const int differs = text.getval(each.second) != 0 ? 1 : 0;
+        return std::to_string(differs) + " <" + text_of(text) + ">";
+    });
+}
+
+TEST(Sections, ServerFormDoublesTheName)
+{
+    EXPECT_EQ(text_of(build_server_rr("HQ1")), "HQ1_HQ1");
+    EXPECT_EQ(text_of(build_server_rr("")), "");
+}
+
 } // namespace

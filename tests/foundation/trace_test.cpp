@@ -1,213 +1,316 @@
 #include "support.h"
 
+#include <cerrno>
 #include <cstring>
 #include <ctime>
 
 namespace {
-/// Keeps the trace's whole lines, time stamps included.
-class Trace : public testing::Test, public trace_stream {
-protected:
-    Trace() {
-        trace::set_stream(wa, this);
-        wa.current_size = 0;
-    }
-    ~Trace() override { wa.stream = nullptr; } // not the channel's to delete
-    int writeline(const char * line) override {
-        lines += line;
+
+/// The lines of a channel, whole.
+class whole_lines : public trace_stream {
+public:
+    explicit whole_lines(std::string & lines) : lines_(lines) {}
+    int writeline(const char * line) override
+    {
+        lines_ += line;
         return static_cast<int>(std::strlen(line));
     }
-    std::string written(const char * severity, const char * name, const char * text) {
-        lines.clear();
-        trace::write_header(wa, severity, name);
-        trace::write_text(wa, text, 5);
-        return lines;
-    }
-    work_area & wa = system_trace::wa();
+
+private:
+    std::string & lines_;
+};
+
+class Channel : public testing::Test {
+protected:
+    Channel() { trace::set_stream(wa, new whole_lines(lines)); }
+    ~Channel() override { trace::set_stream(wa, nullptr); }
+
+    work_area wa{};
     std::string lines;
 };
 
-TEST_F(Trace, LinesHaveTheirLayout) {
+std::string time_stamp()
+{
     char now[100];
-    std::string line;
-    written("", "", "");
-    std::time_t before = std::time(nullptr);
-    while (before == std::time(nullptr)) continue; // that line's stamp is of an earlier second
-    do {                                           // which may end in between
-        before = std::time(nullptr);
-        std::strftime(now, sizeof now, "%c", std::localtime(&before));
+    const std::time_t second = std::time(nullptr);
+    std::strftime(now, sizeof now, "%c", std::localtime(&second));
+    return now;
+}
+
+TEST_F(Channel, LineBeginsWithTheTimeOfNow)
+{
+    trace::write_header(wa, "", "");
+    const std::string earlier = time_stamp();
+    while (time_stamp() == earlier)
+        continue;
+    std::string now;
+    do {
+        now = time_stamp();
+        lines.clear();
         wa.current_size = 0;
-        line = written(" [C] ", "kt_file::close", trace::internal_write_text("%s", ">>>> ENTRY>>>>>"));
-    } while (before != std::time(nullptr));
+        trace::write_header(wa, " [C] ", "kt_file::close");
+        trace::write_text(wa, "100%d", 5);
+    } while (now != time_stamp());
+    EXPECT_EQ(lines, now + " [C] kt_file::close 100%d\n");
+    EXPECT_EQ(wa.line, lines);
+    EXPECT_EQ(wa.current_size, static_cast<long>(lines.size()));
+}
+
+TEST_F(Channel, NullTextsAreEmptyAndSizesAddUp)
+{
+    trace::write_header(wa, nullptr, nullptr);
+    trace::write_text(wa, nullptr);
+    const std::size_t stamp = time_stamp().size();
+    EXPECT_EQ(lines.substr(stamp), " \n");
+    trace::set_stream(wa, wa.stream); // the present one stays
+    trace::write_line(wa, " ", nullptr, "text", nullptr, 0);
+    EXPECT_EQ(lines.substr(2 * stamp + 2), "  text\n");
+    EXPECT_EQ(wa.current_size, static_cast<long>(lines.size()));
     struct opened : trace {
         using trace::write_current_time;
     };
     opened::write_current_time(wa);
-    EXPECT_EQ(wa.line, line.substr(0, std::strlen(now)));
-    EXPECT_EQ(line, std::string(now) + " [C] kt_file::close >>>> ENTRY>>>>>\n");
-    EXPECT_EQ(wa.current_size, static_cast<long>(line.size()));
-    EXPECT_EQ(written(" ", "", "100%d").substr(std::strlen(now)), "  100%d\n");
-    trace::set_stream(wa, this); // the present one: nothing changes
-    EXPECT_EQ(written(" ", "", nullptr).substr(std::strlen(now)), "  \n");
-    EXPECT_EQ(wa.current_size, static_cast<long>(line.size() + 2 * std::strlen(now) + 11));
+    EXPECT_EQ(std::strlen(wa.line), stamp);
 }
 
-// What does not fit, and where it is cut, stands beside a model, with the other inputs that are generated.
-TEST_F(Trace, ALineIsFullAtItsLimit) {
-    std::memset(wa.line, 'x', 1023), lines.clear();
-    trace::write_text(wa, "more");
-    EXPECT_EQ(lines, std::string(1022, 'x') + "\n");
-    EXPECT_EQ(std::strlen(trace::internal_write_text("%s", (std::string(1022, 'x') + "\xC3\xA9").c_str())), 1022U);
+struct cut {
+    int before; // bytes in the line
+    const char * text;
+};
+const example<cut, std::string> full_lines[] = {
+    {"the last byte", {1020, "y"}, " y\n"},
+    {"one byte too many", {1021, "y"}, " \n"},
+    {"a wide character at the end", {1019, "\xC3\xA9"}, " \xC3\xA9\n"},
+    {"a wide character that does not fit", {1020, "\xC3\xA9"}, " \n"},
+    {"four bytes, of which three fit", {1018, "\xF0\x9F\x99\x82"}, " \n"},
+    {"no room for the blank", {1022, "y"}, "\n"},
+};
+
+TEST_F(Channel, CutsALineAtACharactersEnd)
+{
+    expect_each(full_lines, [this](const cut & line) {
+        lines.clear();
+        std::memset(wa.line, 'x', sizeof wa.line);
+        wa.line[line.before] = 0;
+        trace::write_text(wa, line.text);
+        return lines.substr(static_cast<std::size_t>(line.before));
+    });
 }
 
-TEST_F(Trace, FormatsAsPrintf) {
+TEST_F(Channel, CutsAHeaderThatIsTooLong)
+{
+    const std::string wide = std::string(1020 - time_stamp().size(), 's') + "\xC3\xA9\xC3\xA9";
+    trace::write_header(wa, wide.c_str(), "name");
+    EXPECT_EQ(std::strlen(wa.line), 1022U);
+    trace::write_header(wa, ("s" + wide).c_str(), "name");
+    EXPECT_EQ(std::strlen(wa.line), 1021U);
+    trace::write_line(wa, wide, "name", "text", nullptr, 0);
+    EXPECT_EQ(lines.size(), 1023U);
+    EXPECT_EQ(lines.find("name"), std::string::npos);
+}
+
+const std::string x1022(1022, 'x');
+
+TEST(Format, FollowsPrintfWithinItsBuffer)
+{
     const auto text = trace::internal_write_text;
-    EXPECT_STREQ(text("%d %5.2f|%-4s|%x%%l", -1, 2.5, "ab", 255U), "-1  2.50|ab  |ff%l");
-    EXPECT_STREQ(text("offset %l from %ld, %l, %lu", 70000L, -3L, 9L, 5UL), "offset 70000 from -3, 9, 5");
-    EXPECT_EQ(text(("%l" + std::string(3000, 'x') + "%l").c_str(), 7L, 8L), "7" + std::string(1022, 'x'));
-    EXPECT_TRUE(std::string("x%lc") == text("x%lc", 0x110000) || native("/") == "\\"); // no character
-    EXPECT_EQ(std::strlen(text("%2000d", 1)), 1023U);
+    const example<std::string, std::string> rows[] = {
+        {"printf's conversions", text("%d %5.2f|%-4s|%x", -1, 2.5, "ab", 255U), "-1  2.50|ab  |ff"},
+        {"a bare l", text("offset %l from %ld, %l.", 70000L, -3L, 9L), "offset 70000 from -3, 9."},
+        {"an l that has its letter", text("%lu %lx %ls|", 5UL, 255UL, L"w"), "5 ff w|"},
+        {"an l after percent signs", text("%%l %%%l", 7L), "%l %7"},
+        {"no format", text(nullptr), ""},
+        {"a full buffer", text("%s", (x1022 + "yz").c_str()), x1022 + "y"},
+        {"a wide character at the end", text("%s", (x1022 + "\xC3\xA9").c_str()), x1022},
+        {"a long format", text(("%l" + x1022 + x1022 + "%l").c_str(), 7L, 8L), "7" + x1022},
+    };
+    expect_each(rows, [](const std::string & result) { return result; });
+}
+
+/// The text of a trace line that is made of typed arguments.
+template <class... Args>
+std::string traced(format_for<Args...> format, const Args &... args)
+{
+    const call_trace trace("f");
+    transcript lines;
+    trace.info(format, args...);
+    const std::string line = lines.take();
+    return line.substr(7, line.size() - 8);
+}
+
+TEST(Format, ConvertsTypedArguments)
+{
+    const example<std::string, std::string> rows[] = {
+        {"each kind of text", traced("%s %s %s", ustring("u"), pathname("p"), "c"), "u p c"},
+        {"a null text", traced("%s|", static_cast<const char *>(nullptr)), "|"},
+        {"a text to its zero", traced("%s|", from_bytes(std::string("a\0b", 3))), "a|"},
+        {"sizes", traced("%ld %lld %hd %hhd", 70000L, 9999999999LL, -5, 3), "70000 9999999999 -5 3"},
+        {"no sign", traced("%u %lu %hu %hhu", 4000000000U, 7UL, 65537U, 257U), "4000000000 7 1 1"},
+        {"a long for an int", traced("%d %i", 9999999999LL, -9999999999LL), "2147483647 -2147483648"},
+        {"an int for a short", traced("%hd %hhd", 70000, 300), "4464 44"},
+        {"a bare l", traced("%l!", 70000L), "70000!"},
+        {"bases", traced("%x %X", 255, 48879), "ff BEEF"},
+        {"a truth and a character", traced("%d%c%%", true, 'A'), "1A%"},
+        {"widths and flags", traced("%5d|%-5d|%05d|%+d", 42, 42, 42, 42), "   42|42   |00042|+42"},
+        {"widths of texts", traced("%5s|%-4s|", "ab", "ab"), "   ab|ab  |"},
+        {"a precision within a character", traced("%.3s|%.0s", "ab\xC3\xA9", "x"), "ab|"},
+        {"a zero character ends the text", traced("a%cb", 0), "a"},
+        {"Latin-1", traced("%c %3s", 0xE9, "f\xE9"), "\xE9  f\xE9"},
+        {"too few arguments", format_message("|%d", nullptr, 0), "|"},
+        {"an unknown conversion", format_message("|%hq", nullptr, 0), "|q"},
+        {"a percent sign at the end", format_message("|%", nullptr, 0), "|"},
+    };
+    expect_each(rows, [](const std::string & result) { return result; });
+}
+
+TEST(SystemError, HasTheSystemsTextOrItsNumber)
+{
+    work_area wa{};
     EXPECT_STREQ(trace::system_error_to_string(wa, 999999), "System error 999999\n");
     const std::string missing = trace::system_error_to_string(wa, 2);
+    EXPECT_EQ(missing.find("System error"), std::string::npos);
     kt_chkfile("not there");
-    EXPECT_TRUE(trace::last_system_error_to_string(wa) == missing && missing.find("System error") == std::string::npos);
+    EXPECT_EQ(trace::last_system_error_to_string(wa), missing);
+}
+
+const example<std::pair<const char *, int>, int> silences[] = {
+    {"no variable", {nullptr, 6}, 6}, {"zero", {"0", 6}, 0},
+    {"no number", {"x", 6}, 0},       {"blanks and a sign", {" \t+3", 6}, 3},
+    {"another level", {"3", 5}, 5},   {"a negative level", {nullptr, -7}, -7},
+};
+
+TEST(Channels, SilenceCanBeOverridden)
+{
+    expect_each(silences, [](const auto & each) {
+        work_area wa{};
+        set_variable("ostrel_trace_level", each.first);
+        trace::set_level(wa, each.second);
+        return trace::level(wa);
+    });
+}
+
+TEST(CallTrace, GatesPassBySeverity)
+{
+    transcript lines;
+    for (int level = -1; level <= 6; ++level) {
+        trace::set_level(system_trace::wa(), level);
+        trace::set_level(orvet::log::wa(), level);
+        lines.step("both levels " + std::to_string(level), [] {
+            const call_trace trace("f");
+            trace.info("progress");
+            trace.warning("step");
+            trace.error("failure");
+            trace.fatal("end");
+            log_message(messages::MSG0001);
+        });
+    }
+    expect_golden("call_trace_gates", lines.take());
+}
+
+TEST(CallTrace, CallLinesShowResultsAsTheyAre)
+{
+    transcript lines;
+    const call_trace trace("f");
+    lines.step("without a result", [&] { trace.leave(); });
+    lines.step("a short", [&] { return trace.leave(short{-5}); });
+    lines.step("an int", [&] { return trace.leave(100000); });
+    lines.step("an unsigned of a short's size", [&] { return trace.leave(100000U); });
+    lines.step("a failure", [&] { return trace.fail(short{252}); });
+    lines.step("quitting", [&] { trace.quit(); });
+    expect_golden("call_trace_results", lines.take());
+}
+
+TEST(ConsoleMessage, PassesNoGate)
+{
+    EXPECT_EQ(printed_by([] { console_message(messages::MSGI0004, "-x"); }),
+              "MSGI0004 [F] The option -x is not supported.\n");
+}
+
+TEST(StdioTraceStream, WritesThroughWhereTheStreamIs)
+{
     EXPECT_EQ(stdio_trace_stream(static_cast<std::FILE *>(nullptr)).writeline("x"), -1);
     std::FILE * const file = std::fopen("lines.txt", "wb");
     stdio_trace_stream stream(file);
-    EXPECT_TRUE(std::fputs("ahead ", file) >= 0 && stream.writeline("of it\n") == 6 && read_text("lines.txt") == "ahead of it\n");
-    EXPECT_TRUE(std::fseek(file, 6, SEEK_SET) == 0 && stream.writeline("and ") == 4 && std::fseek(file, 0, SEEK_CUR) == 0);
-    EXPECT_TRUE(stream.writeline("on") == 2 && read_text("lines.txt") == "ahead and on") << read_text("lines.txt");
-}
-
-/// For an operation that no caller can name.
-template <auto Operation>
-struct reach {
-    friend void change_file(work_area & area) { Operation(area); }
-};
-void change_file(work_area & area);
-template struct reach<&trace::change_trace_file>;
-
-TEST_F(Trace, ChangesBetweenItsTwoFiles) {
-    for (const char * name : {"ktx2.trc", "ktx1.trc", "ktx2.trc"}) {
-        std::filesystem::remove(name);
-        if (wa.stream == this)
-            wa.stream = nullptr;
-        change_file(wa);
-        EXPECT_EQ(written(" [F] ", "name", "text"), "");
-        EXPECT_EQ(wa.current_size, static_cast<long>(read_text(name).size()));
-        EXPECT_TRUE(wa.current_size > 15 && wa.file_name->text() == ustring(name)) << name;
-    }
-    trace::set_stream(wa, this);
-}
-
-TEST_F(Trace, SilenceCanBeOverridden) {
-    const std::tuple<const char *, int, int> cases[] = {{nullptr, 6, 6}, {"0", 6, 0},     {"x", 6, 0},      {" \t+3", 6, 3},
-                                                        {"3", 5, 5},     {"\0163", 6, 0}, {nullptr, -7, -7}};
-    for (work_area * area : {&system_trace::wa(), &orvet::log::wa()})
-        for (const auto & [variable, wish, level] : cases) {
-            set_variable("ostrel_trace_level", variable);
-            trace::set_level(*area, wish);
-            EXPECT_EQ(trace::level(*area), level);
-            trace::set_level(*area, 5);
-        }
-    set_variable("ostrel_trace_level", nullptr);
-}
-
-TEST(CallTrace, GatesLetThroughBySeverity) {
-    for (int level = -1; level <= 6; ++level) {
-        transcript said(level, 5);
-        const call_trace trace("f");
-        trace.info(""), trace.warning(""), trace.error(""), trace.fatal("");
-        log_message(messages::MSG0001);
-        std::string expected;
-        for (int severity = std::max(level, 0); severity < 5; ++severity)
-            expected += std::string("T[") + "CIWEF"[severity] + "] f " + (severity == 0 ? ">>>> ENTRY>>>>>\n" : "\n");
-        EXPECT_EQ(said.take(), expected) << level;
-    }
-}
-
-TEST(CallTrace, TypedArgumentsFitTheirConversions) {
-    transcript said;
-    const call_trace trace("f");
-    said.take();
-    trace.info("%s %s %s %d %d %l %ld", ustring("u"), pathname("p"), std::string("s").c_str(), short{-5}, 9999999999LL, 70000L,
-               -1L);
-    trace.info("%hd %hu %u %x %c 100%% %9d|%-4s|%.3s", 70000, 65537U, 4000000000U, 255, 'A', 42, "ab", "ab\xC3\xA9");
-    trace.info("%hhd %hhu %lld %lu %li", 300, 257U, 9999999999LL, 7UL, -7L);
-    trace.info("%s|%d%.0s", static_cast<const char *>(nullptr), true, "x");
-    trace.info("to its zero%c%s", 0, "x");
-    trace.info("%c%5s", 0xE9, "f\xE9");
-    for (const auto & [odd, expected] : {std::pair("|%d", "|"), {"|%q", "|q"}, {"|%hq", "|q"}, {"|%", "|"}})
-        EXPECT_STREQ(format_message(odd, nullptr, 0), expected); // where nothing was checked
-    EXPECT_EQ(said.take(), "T[I] f u p s -5 2147483647 70000 -1\n"
-                           "T[I] f 4464 1 4000000000 ff A 100%        42|ab  |ab\n"
-                           "T[I] f 44 1 9999999999 7 -7\nT[I] f |1\nT[I] f to its zero\nT[I] f \xE9   f\xE9\n");
-    EXPECT_EQ(trace.fail(short{252}), 252);
-    trace.leave(100000U);
-    EXPECT_EQ(said.take(), "T[C] f <><><><><> QUITTING\nT[C] f return data = 252\nT[C] f <<<<<<<<<< EXIT\n"
-                           "T[C] f return data = 34464\nT[C] f <<<<<<<<<< EXIT\n");
-    EXPECT_EQ(printed_by([] { console_message(messages::MSGI0004, "-x"); }), "MSGI0004 [F] The option -x is not supported.\n");
+    std::fputs("before ", file);
+    EXPECT_EQ(stream.writeline("line\n"), 5);
+    EXPECT_EQ(read_text("lines.txt"), "before line\n");
+    std::fseek(file, 7, SEEK_SET);
+    EXPECT_EQ(stream.writeline("LI"), 2);
+    EXPECT_EQ(stream.writeline("NE"), 2);
+    EXPECT_EQ(read_text("lines.txt"), "before LINE\n");
+    EXPECT_EQ(stream.writeline(nullptr), -1);
 }
 
 const scenario channel_files("channel_files", [] {
-    const bool open = system_trace::passes(severity::fatal) || trace::level(system_trace::wa()) != 6;
-    log_message(messages::MSG0020, "x");
+    std::printf("%d %d,", system_trace::passes(severity::fatal), trace::level(system_trace::wa()));
+    std::printf(" %d %d\n", orvet::log::passes(), trace::level(orvet::log::wa()));
+    for (work_area * wa : {&system_trace::wa(), &orvet::log::wa()})
+        std::printf("%s %ld %ld\n", wa->file_name->mbcs_str(), trace::max_size(*wa), wa->current_size);
+    std::fflush(stdout);
     trace::set_level(system_trace::wa(), 0);
     call_trace("f").leave();
-    console_message("%d %s %d", open, system_trace::wa().file_name->mbcs_str(), trace::max_size(orvet::log::wa()));
-    for (int i = 0; i < 2; ++i) {
-        const orvet::log closing{};
-        log_message(messages::MSG0001); // dropped once the channel is closed
-    }
+    log_message(messages::MSG0020, "x");
+    for (int i = 0; i < 2; ++i)
+        delete new orvet::log;
+    log_message(messages::MSG0001); // dropped
+    delete new system_trace;
+    call_trace("g").leave();
     die(); // every line was out when it was written
 });
 
-/// The lines of a file from `mark` on, without what stands in front of it.
-std::string behind(const char * mark, const char * file) {
-    std::string found;
-    const std::string all = read_text(file);
-    for (std::size_t at = 0; (at = all.find(mark, at)) != std::string::npos; at = all.find('\n', at))
-        found += all.substr(at, all.find('\n', at) + 1 - at);
-    return found;
+/// The lines of a file without their time stamps.
+std::string unstamped(const char * file)
+{
+    std::string text;
+    std::istringstream lines(read_text(file));
+    for (std::string line; std::getline(lines, line);)
+        text += line.substr(time_stamp().size()) + "\n";
+    return text;
 }
 
-TEST(Channels, FilesGrowFromRunToRun) {
-    for (const char * name : {"ktx1.trc", "ktx1.log"}) std::filesystem::remove(name);
-    for (int run = 0; run < 2; ++run) EXPECT_EQ(run_scenario("channel_files").find("0 ktx1.trc 500000\n"), 0U);
-    const std::string log = "  MSG0020 [F] Error closing the file x\n"
-                            "  MSG0001 [F] A read/write operation has been attempted toa file that is not open\n";
-    EXPECT_EQ(behind("  MSG", "ktx1.log"), log + log);
+TEST(Channels, FilesGrowFromRunToRun)
+{
+    const std::string start = "0 6, 1 0\nktx1.trc 500000 0\nktx1.log 500000 0\n";
     const std::string call = " [C] f >>>> ENTRY>>>>>\n [C] f <<<<<<<<<< EXIT\n";
-    EXPECT_EQ(behind(" [C]", "ktx1.trc"), call + call);
+    const std::string message = "  MSG0020 [F] Error closing the file x\n";
+    EXPECT_EQ(run_scenario("channel_files").substr(0, start.size()), start);
+    EXPECT_EQ(unstamped("ktx1.trc"), call);
+    EXPECT_EQ(unstamped("ktx1.log"), message);
+    run_scenario("channel_files");
+    EXPECT_EQ(unstamped("ktx1.trc"), call + call);
+    EXPECT_EQ(unstamped("ktx1.log"), message + message);
 }
 
 const scenario no_directory("no_directory", [] {
     set_variable("KTXPATH", "not/there");
     if (std::freopen("stderr.txt", "w", stderr))
-        log_message(messages::MSG0001);
-    {
-        orvet::log closing;
-        system_trace too;
-    } // leaves standard error open
-    std::fputs("end", stderr);
+        log_message(messages::MSG0020, "x");
+    delete new orvet::log; // leaves standard error open
+    std::fputs("end\n", stderr);
 });
+
+TEST(Channels, LogToStandardErrorWithoutTheirDirectory)
+{
+    EXPECT_EQ(run_scenario("no_directory"), "");
+    const std::string path = "not/there" + native("/") + "ktx1.log";
+    const std::string lines = read_text("stderr.txt");
+    EXPECT_EQ(lines_with("->", lines), "Could not open trace file ->" + path + "<-, logging on stderr\n");
+    EXPECT_NE(lines.find("  MSG0020 [F] Error closing the file x\nend\n"), std::string::npos) << lines;
+}
 
 const scenario no_path("no_path", [] {
     set_variable("KTXPATH", nullptr);
     system_trace::wa();
-    log_message(messages::MSG0001);
+    log_message(messages::MSG0020, "x");
     stdio_trace_stream((test_directory() / "absolute.txt").string().c_str()).writeline("there");
 });
 
-TEST(Channels, WorkWithoutTheirDirectory) {
-    EXPECT_EQ(run_scenario("no_directory"), "");
-    const std::string text = read_text("stderr.txt");
-    const std::string path = "not/there" + native("/") + "ktx1.log";
-    EXPECT_EQ(text.find("Could not open trace file ->" + path + "<-, logging on stderr\n"), 0U) << text;
-    EXPECT_TRUE(text.find("  MSG0001 [F] A read") != std::string::npos && text.ends_with("not open\nend")) << text;
-    for (const char * name : {"ktx1.log", "absolute.txt"}) std::filesystem::remove(name);
-    EXPECT_EQ(run_scenario("no_path").find("MSGI0001 [F] The environment variable KTXPATH"), 0U);
-    EXPECT_EQ(behind("  MSG", "ktx1.log"),
-              text.substr(text.find("  MSG"), text.rfind("end") - text.find("  MSG"))); // in the current one
+TEST(Channels, LieInTheCurrentDirectoryWithoutAPath)
+{
+    EXPECT_EQ(run_scenario("no_path"), "MSGI0001 [F] The environment variable KTXPATH, containing the Ketrix "
+                                       "installation path, is not set or can not be acccessed\n");
+    EXPECT_EQ(unstamped("ktx1.log"), "  MSG0020 [F] Error closing the file x\n");
     EXPECT_EQ(read_text("absolute.txt"), "there");
 }
+
 } // namespace
