@@ -1,0 +1,146 @@
+#include "faults.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <functional>
+#include <type_traits>
+
+#include "orvet/foundation/platform/files.h"
+#include "orvet/foundation/platform/processes.h"
+
+using namespace orvet;
+using namespace orvet_test;
+
+namespace {
+
+/// Is put in the place of a platform call.
+template <auto & Call, class Signature = std::remove_pointer_t<std::remove_reference_t<decltype(Call)>>>
+struct stand_in;
+template <auto & Call, class Result, class... Args>
+struct stand_in<Call, Result(Args...)> {
+    using function = std::function<Result(Args...)>;
+
+    static void put(const char * name, function fails = fail, function works = Call)
+    {
+        static const std::tuple call(name, fails, works);
+        Call = [](Args... args) {
+            return (fault::strikes(std::get<0>(call)) ? std::get<1>(call) : std::get<2>(call))(args...);
+        };
+    }
+    static Result fail(Args...)
+    {
+        errno = EACCES;
+        if constexpr (std::is_signed_v<Result>)
+            return -1;
+        return Result();
+    }
+};
+
+std::FILE * open_stream(const ustring & path, const char * mode)
+{
+    std::FILE * const stream = platform::native::open_stream(path, mode);
+    open_streams += stream != nullptr;
+    return stream;
+}
+
+int close_stream(std::FILE * stream)
+{
+    --open_streams;
+    return platform::native::close_stream(stream);
+}
+
+int fail_to_close(std::FILE * stream)
+{
+    close_stream(stream); // it is gone even then
+    errno = EIO;
+    return EOF;
+}
+
+std::size_t read_part(std::FILE * stream, void * bytes, std::size_t size)
+{
+    errno = EIO;
+    return platform::native::read(stream, bytes, fault::part_of(size));
+}
+
+std::size_t write_part(std::FILE * stream, const void * bytes, std::size_t size)
+{
+    errno = ENOSPC;
+    return platform::native::write(stream, bytes, fault::part_of(size));
+}
+
+// What would take its time, or leave the test's directory.
+int sync_nothing(std::FILE *)
+{
+    return 0;
+}
+
+int run_nothing(const ustring &)
+{
+    return 0;
+}
+
+bool put_stand_ins()
+{
+    stand_in<platform::open_stream>::put("open_stream", stand_in<platform::open_stream>::fail, open_stream);
+    stand_in<platform::close_stream>::put("close_stream", fail_to_close, close_stream);
+    stand_in<platform::read>::put("read", read_part);
+    stand_in<platform::write>::put("write", write_part);
+    stand_in<platform::flush>::put("flush");
+    stand_in<platform::seek>::put("seek");
+    stand_in<platform::tell>::put("tell");
+    stand_in<platform::is_seekable>::put("is_seekable");
+    stand_in<platform::remove_file>::put("remove_file");
+    stand_in<platform::rename_file>::put("rename_file");
+    stand_in<platform::sync_stream>::put("sync_stream", stand_in<platform::sync_stream>::fail, sync_nothing);
+    stand_in<platform::copy_permissions>::put("copy_permissions");
+    stand_in<platform::exists>::put("exists");
+    stand_in<platform::is_file>::put("is_file");
+    stand_in<platform::same_file>::put("same_file");
+    stand_in<platform::run_command>::put("run_command", stand_in<platform::run_command>::fail, run_nothing);
+    return true;
+}
+
+} // namespace
+
+fault::fault(source of, way how, int nth) : source_(of), way_(how), nth_(nth)
+{
+    [[maybe_unused]] static const bool ready = put_stand_ins();
+}
+
+bool fault::next()
+{
+    if (nth_ > 0 && name_.empty()) {
+        if (way_ == from_then_on)
+            return false;
+        way_ = from_then_on;
+        nth_ = 0;
+    }
+    ++nth_;
+    return true;
+}
+
+void fault::begin()
+{
+    counted_ = 0;
+    name_.clear();
+    times_.clear();
+    at_work_ = this;
+}
+
+bool fault::strikes(const char * call, source of)
+{
+    if (!at_work_)
+        return false;
+    fault & f = *at_work_;
+    const int times = ++f.times_[call];
+    if (of != f.source_ || ++f.counted_ < f.nth_ || f.nth_ == 0)
+        return false;
+    if (f.counted_ > f.nth_)
+        return f.way_ == from_then_on;
+    if (f.way_ == death)
+        std::_Exit(EXIT_FAILURE);
+    const char * const endings[] = {"th", "st", "nd", "rd"};
+    f.name_ = call + (", " + std::to_string(times)) + endings[times < 4 ? times : 0] + " call, " +
+              (f.way_ == once ? "once" : "from then on");
+    return true;
+}

@@ -1,0 +1,257 @@
+#include "operations.h"
+
+#include "orvet/foundation/platform/files.h"
+
+namespace orvet_test {
+
+namespace {
+
+const std::string longer = "a text longer than what an object holds itself";
+
+// clang-format off
+const values files = {
+    {"scan", "[topology]\ncount = 2\nhq = any,HQ1\nsouth = any,SOUTHERN DOMAIN,push,HQ1\n"
+             "[hq]\ncount = 1\na target\n[south]\ncount = 0\n"},
+    {"other", "other"},
+    {"agents", "TARGET=first\nOperating_system=WINDOWS_NT\nserver_NAME=" + longer + "\nSERVER_REN_RGN=a\n"
+               "GATEWAY_IP_ADDRESS=b\nIMAGES_SERVER_NAME=c\nEXPORTED_DIR=d\nMOUNT_POINT=e\n"},
+    {"profiles", "PROFILE NAME=" + longer + "\n  SEND=YES\n"},
+    {"users", "USER=" + longer + "\n  authorization profile=" + longer + "\n"},
+    {"brod.cfg", "SERVER: one\nSERVER: two\nWORKSTATION NAME:" + longer + "\nkey:" + longer + "\n"},
+    {"brod.bak", "older"},
+    {"list", "Name:x\nLocal name: $(FILEPATH)/" + longer + "\n"},
+};
+// clang-format on
+} // namespace
+
+/// What the operations work on; each uses a part of it.
+struct world {
+    kt_file file{pathname("scan")};
+    pathname path{"other"};
+    ustring text{longer.c_str()};
+    ustring topology{"[topology]"};
+    ustring south{"[south]"};
+    ustring command{"dummy directory brod lstg -l"};
+    ustring tokens{("$(FILEPATH)/" + longer).c_str()};
+    vector items;
+    long number = 0;
+    int count = 0;
+    char buffer[4] = "old";
+    char words[3][60] = {"tool", "-trg", "another text, a longer one than an object holds itself"};
+    char * arguments[3] = {words[0], words[1], words[2]};
+    file_input_parms input;
+    auth_profile_info profile;
+    input_parms options;
+    scan_cfg cfg{"brod.cfg"};
+    brod_base_ls listing{"an object"};
+    int code = code::success;
+
+    bool fails(int result) { return (code = result) != code::success; }
+    int write_line() { return stdio_trace_stream(platform::open_stream("log", "a")).writeline("x\n"); }
+    /// Ends an operation that doesn't report: what it changes is as before or whole.
+    bool is_quiet() { return fails(no_report); }
+};
+
+namespace {
+
+/// Stores the result of a function that returns an empty text for a failure.
+void keep(ustring & result, ustring returned)
+{
+    if (returned.length() != 0)
+        result = std::move(returned);
+}
+
+int read_to_the_end(world & w)
+{
+    int lines = 0;
+    for (ustring line; w.file.get_line(line);)
+        ++lines;
+    w.count = w.file.at_end() ? lines : 0;
+    return w.file.at_end() ? code::success : code::read_failed;
+}
+
+bool clone_each(world & w)
+{
+    codable * const kinds[] = {&w.text, &w.path, &w.items, &w.profile};
+    for (codable * each : kinds)
+        if (w.fails(std::unique_ptr<codable>(each->clone()) == nullptr))
+            return true;
+    return false;
+}
+
+} // namespace
+
+const std::vector<operation> operations = {
+    operation("read", "buffer",
+              [](world & w) {
+                  return w.fails(w.file.open("r")) || w.fails(w.file.read(w.buffer, 1, 3)) ||
+                         w.fails(!w.file.get_line(w.text)) || w.fails(w.file.get_pos(&w.number)) ||
+                         w.fails(w.file.close());
+              }),
+    operation("read_to_the_end", "-",
+              [](world & w) { return w.fails(w.file.open("r")) || w.fails(read_to_the_end(w)); }),
+    operation("update", "file scan",
+              [](world & w) {
+                  return w.fails(w.file.open("r+b")) || w.fails(!w.file.get_line(w.text)) ||
+                         w.fails(w.file.write("new", 3)) || w.fails(w.file.seek(0, SEEK_SET)) ||
+                         w.fails(!w.file.get_line(w.south)) || w.fails(w.file.close());
+              }),
+    operation("write", "file scan",
+              [](world & w) {
+                  return w.fails(w.file.open("w")) || w.fails(w.file.write(w.text)) ||
+                         w.fails(w.file.close());
+              }),
+    operation("move", "file other", [](world & w) { return w.fails(w.file.copy_to(w.path)); }),
+    operation("remove", "-", [](world & w) { return w.fails(w.file.removef()); }),
+    operation("sections", "-",
+              [](world & w) {
+                  return w.fails(w.file.open("r")) || w.fails(w.file.find_section(w.topology)) ||
+                         w.fails(w.file.get_keyval(w.text, w.tokens)) ||
+                         w.fails(w.file.seek_section(w.south, &w.count, 1));
+              }),
+    operation("topology", "item",
+              [](world & w) {
+                  return w.fails(w.file.open("r")) || w.fails(w.file.find_section(w.topology)) ||
+                         w.fails(w.file.load_top(w.text, w.items)) || w.fails(w.file.load_offsets(w.items));
+              }),
+    operation("agents", "-", [](world & w) { return w.fails(w.input.get_fips("agents", 1, "TARGET=", 1)); }),
+    operation("profiles", "-",
+              [](world & w) { return w.fails(w.input.get_fips("profiles", 1, "PROFILE NAME=", 2)); }),
+    operation("users", "-", [](world & w) { return w.fails(w.input.get_fips("users", 1, "USER=", 3)); }),
+    operation("line", "-", [](world & w) { return w.fails(w.profile.set(w.text.insert(0, "send="))); }),
+    operation("options", "-", [](world & w) { return w.fails(w.options.get_ips(3, w.arguments)); }),
+    operation("commands", "-",
+              [](world & w) {
+                  w.listing.set_brod_cmd(w.command, 1);
+                  return w.fails(brod_base_lscm(w.text, w.south).exec_brod_cmd(0, 0)) ||
+                         w.fails(brod_base_ls(w.text).exec_brod_cmd(1, 1)) ||
+                         w.fails(w.listing.exec_brod_cmd(0, 1));
+              }),
+    operation("listing", "-",
+              [](world & w) {
+                  w.listing.set_output_file(w.text);
+                  w.listing.build_final_out_file(w.text);
+                  w.listing.out_file().set_file_name("list");
+                  w.listing.set_local_name();
+                  return w.is_quiet();
+              }),
+    operation("configure", "file brod",
+              [](world & w) { return w.fails(w.cfg.load()) || w.fails(w.cfg.set_server(2)); }),
+    operation("recover", "file brod",
+              [](world & w) {
+                  fs::rename("brod.cfg", "brod.bak");
+                  return w.fails(scan_cfg::recover("brod.cfg"));
+              }),
+    operation("lists", "-",
+              [](world & w) {
+                  w.cfg.load();
+                  w.cfg.fill_vector(w.items);
+                  w.cfg.show_all();
+                  return w.is_quiet();
+              }),
+    operation("texts", "-",
+              [](world & w) {
+                  resolve_tokens(w.tokens);
+                  usprintf(w.topology, "%s, %d", w.text, 5);
+                  w.south.append(w.text);
+                  w.path += w.text;
+                  w.profile.set_usSend(w.text);
+                  return w.is_quiet();
+              }),
+    operation("returned_texts", "-",
+              [](world & w) {
+                  keep(w.text, w.options.usage({ip_names, ip_names}, "tool"));
+                  keep(w.topology, brod_base::canned_file(w.command));
+                  keep(w.tokens, get_token(w.tokens, 0));
+                  keep(w.south, build_server_rr(w.south));
+                  return w.is_quiet();
+              }),
+    operation("objects", "count",
+              [](world & w) {
+                  w.items.push_back(new (std::nothrow) ustring(w.text));
+                  w.items.push_back(new (std::nothrow) ustring(w.text));
+                  w.count = static_cast<int>(vector(w.items).size() + w.options.missing(ip_names).size());
+                  return w.is_quiet();
+              }),
+    operation("clones", "-", clone_each),
+    operation("kt_chkfile", "-", [](world & w) { return w.fails(!kt_chkfile(w.path)); }),
+    operation("log_line", "file log",
+              [](world & w) {
+                  return w.fails(w.write_line() != 2) || w.fails(capture_stream().writeline("line\n") != 5);
+              }),
+};
+
+namespace {
+
+/// What an operation may change, by names.
+values look(world & w)
+{
+    values all = {{"path", text_of(w.path.text())},
+                  {"text", text_of(w.text)},
+                  {"topology", text_of(w.topology)},
+                  {"south", text_of(w.south)},
+                  {"tokens", text_of(w.tokens)},
+                  {"number", std::to_string(std::max(0L, w.number))},
+                  {"count", std::to_string(w.count)},
+                  {"buffer", w.buffer},
+                  {"agent", text_of(w.input.input_info(1).server_name())},
+                  {"sections", std::to_string(w.input.arSections().size())},
+                  {"profile", text_of(w.profile.usSend()) + std::to_string(w.profile.fip("SEND="))},
+                  {"option", text_of(w.options.ip_trg_name()) + std::to_string(w.options.ip("-trg"))},
+                  {"lines", std::to_string(w.cfg.generic_lines().size() + w.cfg.server_lines().size())},
+                  {"output", text_of(w.listing.output_file().text())},
+                  {"final", text_of(w.listing.final_out_file().file_name().text())},
+                  {"local name", text_of(w.listing.get_local_name().text())}};
+    for (unsigned i = 0; i < w.items.size(); ++i)
+        all["item " + std::to_string(i)] = w.items[i]->codable_name();
+    for (const auto & entry : fs::directory_iterator(test_directory()))
+        if (entry.is_regular_file())
+            all["file " + entry.path().filename().string()] = "<" + read_text(entry.path().string()) + ">";
+    return all;
+}
+
+outcome run(const operation & o, fault & f, transcript & recorded)
+{
+    outcome result{};
+    const int streams = open_streams;
+    const long blocks = blocks_in_use;
+    {
+        world w;
+        for (const auto & entry : fs::directory_iterator(test_directory()))
+            if (entry.is_regular_file())
+                fs::remove(entry);
+        for (const auto & [name, text] : files)
+            write_file(name, text);
+        result.before = look(w);
+        recorded.take();
+        f.work([&] { o.run(w); });
+        result.lines = portable(recorded.take() + text_of(w.cfg.error_text()));
+        if (w.file.close() != code::success) // of what was written before
+            w.file.close();
+        result.code = w.code;
+        result.after = look(w);
+    }
+    result.fault = f.name();
+    result.streams = open_streams - streams;
+    result.blocks = blocks_in_use - blocks;
+    return result;
+}
+
+} // namespace
+
+std::vector<outcome> runs_of(const operation & o, bool traced)
+{
+    std::vector<outcome> all;
+    transcript recorded(traced ? 0 : 5);
+    printed_by([&] {
+        fault none(fault::calls);
+        run(o, none, recorded); // makes what a process makes once
+        all.push_back(run(o, none, recorded));
+        for (const auto source : {fault::calls, fault::allocations})
+            for (fault each(source); each.next();)
+                all.push_back(run(o, each, recorded));
+    });
+    return all;
+}
+
+} // namespace orvet_test
