@@ -7,7 +7,7 @@
 namespace {
 
 /// The values that are not as after the whole operation, nor, if it did not say so, as before.
-std::string half_done(const operation & o, outcome now, outcome whole)
+std::string half_done(const fault_target & o, outcome now, outcome whole)
 {
     std::string lines;
     values names = now.after;
@@ -36,7 +36,7 @@ std::string unpaired(const std::string & lines, const std::string & known = "")
     return names;
 }
 
-class Fault : public testing::TestWithParam<operation> {};
+class Fault : public testing::TestWithParam<fault_target> {};
 
 TEST_P(Fault, LeavesNothingHalfDone)
 {
@@ -57,7 +57,7 @@ INSTANTIATE_TEST_SUITE_P(Of, Fault, testing::ValuesIn(operations), name_of);
 
 std::vector<outcome> runs_of(const std::string & name)
 {
-    const auto named = [&](const operation & o) { return o.name == name; };
+    const auto named = [&](const fault_target & o) { return o.name == name; };
     return runs_of(*std::find_if(operations.begin(), operations.end(), named), false);
 }
 

@@ -81,104 +81,107 @@ bool clone_each(world & w)
 
 } // namespace
 
-const std::vector<operation> operations = {
-    operation("read", "buffer",
-              [](world & w) {
-                  return w.fails(w.file.open("r")) || w.fails(w.file.read(w.buffer, 1, 3)) ||
-                         w.fails(!w.file.get_line(w.text)) || w.fails(w.file.get_pos(&w.number)) ||
-                         w.fails(w.file.close());
-              }),
-    operation("read_to_the_end", "-",
-              [](world & w) { return w.fails(w.file.open("r")) || w.fails(read_to_the_end(w)); }),
-    operation("update", "file scan",
-              [](world & w) {
-                  return w.fails(w.file.open("r+b")) || w.fails(!w.file.get_line(w.text)) ||
-                         w.fails(w.file.write("new", 3)) || w.fails(w.file.seek(0, SEEK_SET)) ||
-                         w.fails(!w.file.get_line(w.south)) || w.fails(w.file.close());
-              }),
-    operation("write", "file scan",
-              [](world & w) {
-                  return w.fails(w.file.open("w")) || w.fails(w.file.write(w.text)) ||
-                         w.fails(w.file.close());
-              }),
-    operation("move", "file other", [](world & w) { return w.fails(w.file.copy_to(w.path)); }),
-    operation("remove", "-", [](world & w) { return w.fails(w.file.removef()); }),
-    operation("sections", "-",
-              [](world & w) {
-                  return w.fails(w.file.open("r")) || w.fails(w.file.find_section(w.topology)) ||
-                         w.fails(w.file.get_keyval(w.text, w.tokens)) ||
-                         w.fails(w.file.seek_section(w.south, &w.count, 1));
-              }),
-    operation("topology", "item",
-              [](world & w) {
-                  return w.fails(w.file.open("r")) || w.fails(w.file.find_section(w.topology)) ||
-                         w.fails(w.file.load_top(w.text, w.items)) || w.fails(w.file.load_offsets(w.items));
-              }),
-    operation("agents", "-", [](world & w) { return w.fails(w.input.get_fips("agents", 1, "TARGET=", 1)); }),
-    operation("profiles", "-",
-              [](world & w) { return w.fails(w.input.get_fips("profiles", 1, "PROFILE NAME=", 2)); }),
-    operation("users", "-", [](world & w) { return w.fails(w.input.get_fips("users", 1, "USER=", 3)); }),
-    operation("line", "-", [](world & w) { return w.fails(w.profile.set(w.text.insert(0, "send="))); }),
-    operation("options", "-", [](world & w) { return w.fails(w.options.get_ips(3, w.arguments)); }),
-    operation("commands", "-",
-              [](world & w) {
-                  w.listing.set_brod_cmd(w.command, 1);
-                  return w.fails(brod_base_lscm(w.text, w.south).exec_brod_cmd(0, 0)) ||
-                         w.fails(brod_base_ls(w.text).exec_brod_cmd(1, 1)) ||
-                         w.fails(w.listing.exec_brod_cmd(0, 1));
-              }),
-    operation("listing", "-",
-              [](world & w) {
-                  w.listing.set_output_file(w.text);
-                  w.listing.build_final_out_file(w.text);
-                  w.listing.out_file().set_file_name("list");
-                  w.listing.set_local_name();
-                  return w.is_quiet();
-              }),
-    operation("configure", "file brod",
-              [](world & w) { return w.fails(w.cfg.load()) || w.fails(w.cfg.set_server(2)); }),
-    operation("recover", "file brod",
-              [](world & w) {
-                  fs::rename("brod.cfg", "brod.bak");
-                  return w.fails(scan_cfg::recover("brod.cfg"));
-              }),
-    operation("lists", "-",
-              [](world & w) {
-                  w.cfg.load();
-                  w.cfg.fill_vector(w.items);
-                  w.cfg.show_all();
-                  return w.is_quiet();
-              }),
-    operation("texts", "-",
-              [](world & w) {
-                  resolve_tokens(w.tokens);
-                  usprintf(w.topology, "%s, %d", w.text, 5);
-                  w.south.append(w.text);
-                  w.path += w.text;
-                  w.profile.set_usSend(w.text);
-                  return w.is_quiet();
-              }),
-    operation("returned_texts", "-",
-              [](world & w) {
-                  keep(w.text, w.options.usage({ip_names, ip_names}, "tool"));
-                  keep(w.topology, brod_base::canned_file(w.command));
-                  keep(w.tokens, get_token(w.tokens, 0));
-                  keep(w.south, build_server_rr(w.south));
-                  return w.is_quiet();
-              }),
-    operation("objects", "count",
-              [](world & w) {
-                  w.items.push_back(new (std::nothrow) ustring(w.text));
-                  w.items.push_back(new (std::nothrow) ustring(w.text));
-                  w.count = static_cast<int>(vector(w.items).size() + w.options.missing(ip_names).size());
-                  return w.is_quiet();
-              }),
-    operation("clones", "-", clone_each),
-    operation("kt_chkfile", "-", [](world & w) { return w.fails(!kt_chkfile(w.path)); }),
-    operation("log_line", "file log",
-              [](world & w) {
-                  return w.fails(w.write_line() != 2) || w.fails(capture_stream().writeline("line\n") != 5);
-              }),
+const std::vector<fault_target> operations = {
+    fault_target("read", "buffer",
+                 [](world & w) {
+                     return w.fails(w.file.open("r")) || w.fails(w.file.read(w.buffer, 1, 3)) ||
+                            w.fails(!w.file.get_line(w.text)) || w.fails(w.file.get_pos(&w.number)) ||
+                            w.fails(w.file.close());
+                 }),
+    fault_target("read_to_the_end", "-",
+                 [](world & w) { return w.fails(w.file.open("r")) || w.fails(read_to_the_end(w)); }),
+    fault_target("update", "file scan",
+                 [](world & w) {
+                     return w.fails(w.file.open("r+b")) || w.fails(!w.file.get_line(w.text)) ||
+                            w.fails(w.file.write("new", 3)) || w.fails(w.file.seek(0, SEEK_SET)) ||
+                            w.fails(!w.file.get_line(w.south)) || w.fails(w.file.close());
+                 }),
+    fault_target("write", "file scan",
+                 [](world & w) {
+                     return w.fails(w.file.open("w")) || w.fails(w.file.write(w.text)) ||
+                            w.fails(w.file.close());
+                 }),
+    fault_target("move", "file other", [](world & w) { return w.fails(w.file.copy_to(w.path)); }),
+    fault_target("remove", "-", [](world & w) { return w.fails(w.file.removef()); }),
+    fault_target("sections", "-",
+                 [](world & w) {
+                     return w.fails(w.file.open("r")) || w.fails(w.file.find_section(w.topology)) ||
+                            w.fails(w.file.get_keyval(w.text, w.tokens)) ||
+                            w.fails(w.file.seek_section(w.south, &w.count, 1));
+                 }),
+    fault_target("topology", "item",
+                 [](world & w) {
+                     return w.fails(w.file.open("r")) || w.fails(w.file.find_section(w.topology)) ||
+                            w.fails(w.file.load_top(w.text, w.items)) ||
+                            w.fails(w.file.load_offsets(w.items));
+                 }),
+    fault_target("agents", "-",
+                 [](world & w) { return w.fails(w.input.get_fips("agents", 1, "TARGET=", 1)); }),
+    fault_target("profiles", "-",
+                 [](world & w) { return w.fails(w.input.get_fips("profiles", 1, "PROFILE NAME=", 2)); }),
+    fault_target("users", "-", [](world & w) { return w.fails(w.input.get_fips("users", 1, "USER=", 3)); }),
+    fault_target("line", "-", [](world & w) { return w.fails(w.profile.set(w.text.insert(0, "send="))); }),
+    fault_target("options", "-", [](world & w) { return w.fails(w.options.get_ips(3, w.arguments)); }),
+    fault_target("commands", "-",
+                 [](world & w) {
+                     w.listing.set_brod_cmd(w.command, 1);
+                     return w.fails(brod_base_lscm(w.text, w.south).exec_brod_cmd(0, 0)) ||
+                            w.fails(brod_base_ls(w.text).exec_brod_cmd(1, 1)) ||
+                            w.fails(w.listing.exec_brod_cmd(0, 1));
+                 }),
+    fault_target("listing", "-",
+                 [](world & w) {
+                     w.listing.set_output_file(w.text);
+                     w.listing.build_final_out_file(w.text);
+                     w.listing.out_file().set_file_name("list");
+                     w.listing.set_local_name();
+                     return w.is_quiet();
+                 }),
+    fault_target("configure", "file brod",
+                 [](world & w) { return w.fails(w.cfg.load()) || w.fails(w.cfg.set_server(2)); }),
+    fault_target("recover", "file brod",
+                 [](world & w) {
+                     fs::rename("brod.cfg", "brod.bak");
+                     return w.fails(scan_cfg::recover("brod.cfg"));
+                 }),
+    fault_target("lists", "-",
+                 [](world & w) {
+                     w.cfg.load();
+                     w.cfg.fill_vector(w.items);
+                     w.cfg.show_all();
+                     return w.is_quiet();
+                 }),
+    fault_target("texts", "-",
+                 [](world & w) {
+                     resolve_tokens(w.tokens);
+                     usprintf(w.topology, "%s, %d", w.text, 5);
+                     w.south.append(w.text);
+                     w.path += w.text;
+                     w.profile.set_usSend(w.text);
+                     return w.is_quiet();
+                 }),
+    fault_target("returned_texts", "-",
+                 [](world & w) {
+                     keep(w.text, w.options.usage({ip_names, ip_names}, "tool"));
+                     keep(w.topology, brod_base::canned_file(w.command));
+                     keep(w.tokens, get_token(w.tokens, 0));
+                     keep(w.south, build_server_rr(w.south));
+                     return w.is_quiet();
+                 }),
+    fault_target("objects", "count",
+                 [](world & w) {
+                     w.items.push_back(new (std::nothrow) ustring(w.text));
+                     w.items.push_back(new (std::nothrow) ustring(w.text));
+                     w.count = static_cast<int>(vector(w.items).size() + w.options.missing(ip_names).size());
+                     return w.is_quiet();
+                 }),
+    fault_target("clones", "-", clone_each),
+    fault_target("kt_chkfile", "-", [](world & w) { return w.fails(!kt_chkfile(w.path)); }),
+    fault_target("log_line", "file log",
+                 [](world & w) {
+                     return w.fails(w.write_line() != 2) ||
+                            w.fails(capture_stream().writeline("line\n") != 5);
+                 }),
 };
 
 namespace {
@@ -210,7 +213,7 @@ values look(world & w)
     return all;
 }
 
-outcome run(const operation & o, fault & f, transcript & recorded)
+outcome run(const fault_target & o, fault & f, transcript & recorded)
 {
     outcome result{};
     const int streams = open_streams;
@@ -239,7 +242,7 @@ outcome run(const operation & o, fault & f, transcript & recorded)
 
 } // namespace
 
-std::vector<outcome> runs_of(const operation & o, bool traced)
+std::vector<outcome> runs_of(const fault_target & o, bool traced)
 {
     std::vector<outcome> all;
     transcript recorded(traced ? 0 : 5);

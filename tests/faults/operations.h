@@ -14,14 +14,14 @@ inline constexpr int no_report = -100;
 
 struct world;
 
-struct operation {
+struct fault_target {
     const char * name;
     /// Values whose names begin so may be lost, or half done, after a failure.
     const char * gives_up;
     /// True, with the code in the world, if a step failed.
     bool (*run)(world & w);
 };
-extern const std::vector<operation> operations;
+extern const std::vector<fault_target> operations;
 
 /// One run of an operation. The lines are those of both channels, and the error text of the configuration.
 struct outcome {
@@ -35,7 +35,7 @@ struct outcome {
 };
 
 /// All runs of an operation, first one without a fault.
-std::vector<outcome> runs_of(const operation & o, bool traced);
+std::vector<outcome> runs_of(const fault_target & o, bool traced);
 
 } // namespace orvet_test
 
