@@ -1,61 +1,36 @@
 #include "orvet/cmdline/input_parms.h"
 
-#include <utility>
+#include <cstring>
+#include <iterator>
+#include <string_view>
 
 #include "orvet/foundation/base/ascii.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/base/name_list.h"
 #include "orvet/foundation/base/number.h"
 #include "orvet/foundation/call_trace.h"
+#include "orvet/foundation/codes.h"
 #include "orvet/foundation/environment.h"
 #include "orvet/foundation/messages.h"
 
 namespace orvet {
 
+namespace detail {
+int option_is_not_in_the_table(); // never defined: its name is the compiler's message
+}
+
 namespace {
 
-constexpr int option_count = 30;
+constexpr int option_count = std::size(ip_names) - 1;
 
-/// The position of an option. A name that is none does not compile.
+/// The position of an option, found at compile time.
 consteval int index_of(const char * name)
 {
     const int i = index_in(ip_names, name);
-    if (i == option_count)
-        throw "there is no such option";
-    return i;
+    return ip_names[i] ? i : detail::option_is_not_in_the_table();
 }
 
-enum : short {
-    taken = 0,
-    unknown_option = 1,
-    value_missing = 15,
-    bad_op_sys = 16,
-    bad_obj_type = 17,
-};
-
-/// What a keyword option accepts, and what becomes of any other value.
-struct keyword_rule {
-    const char * const * words;
-    void (*complain)(const char * value);
-    const char * otherwise;
-};
-
-constexpr const char * op_sys_words[] = {"UVX", "WINDOWS_NT", nullptr};
-constexpr const char * obj_type_words[] = {"PROC", "PLAN", "SOFTW", nullptr};
-constexpr const char * ret_val_words[] = {"ok", "err", nullptr};
-constexpr const char * type_words[] = {"GEN",       "ZR7CID", "WINCID",   "BRD2",
-                                       "PROCEDURE", "PLAN",   "UVXINSTP", nullptr};
-
-constexpr keyword_rule op_sys_rule{
-    op_sys_words, [](const char * value) { console_message(messages::MSGI0006_osys, value); }, ""};
-constexpr keyword_rule obj_type_rule{
-    obj_type_words, [](const char * value) { console_message(messages::MSGI0006_tobj, value); }, ""};
-constexpr keyword_rule ret_val_rule{ret_val_words, [](const char *) { console_message(messages::MSGI0010); },
-                                    "err"};
-constexpr keyword_rule type_rule{type_words, [](const char *) { console_message(messages::MSGI0011); },
-                                 "err"};
-
-// A setter's kind is the type of its field. False when memory is short, with the field as it was.
+// Storing a value, by the type of its field. False if allocation fails, with the field unchanged.
 
 bool store(int & field, const char * value)
 {
@@ -77,82 +52,110 @@ bool store(pathname & field, const char * value)
     return !watch.failed();
 }
 
-/// Stores the value of an option, and marks it.
 template <class Field>
-void take(Field & field, const char * value, int & mark)
+short store_value(Field & field, const char * value)
 {
-    if (store(field, value))
-        mark = 1;
+    return store(field, value) ? code::success : code::value_missing;
 }
 
-void take(ustring & field, const char * value, int & mark, const keyword_rule & rule)
+short store_flag(int & field)
 {
+    field = 1;
+    return code::success;
+}
+
+bool is_one_of(std::string_view words, std::string_view value)
+{
+    for (;;) {
+        const std::size_t end = words.find('|');
+        if (words.substr(0, end) == value)
+            return true;
+        if (end == words.npos)
+            return false;
+        words.remove_prefix(end + 1);
+    }
+}
+
+/// Prints a message about a value, which the message need not show.
+template <const auto & Message>
+void print_message([[maybe_unused]] const char * value)
+{
+    if constexpr (std::string_view(Message).find('%') != std::string_view::npos)
+        console_message(Message, value);
+    else
+        console_message(Message);
+}
+
+struct word_rule {
+    const char * words;
+    void (*complain)(const char * value);
+    const char * otherwise;
+    short code;
+};
+
+short store_word(ustring & field, const char * value, const word_rule & rule)
+{
+    const bool accepted = is_one_of(rule.words, value ? value : "");
     if (!store(field, value))
-        return;
-    mark = 1;
-    for (const char * const * word = rule.words; *word; ++word)
-        if (field == *word)
-            return;
-    const line_memory apart;
+        return code::value_missing;
+    if (accepted)
+        return code::success;
+    const line_memory ignore_failures;
     rule.complain(field.mbcs_str());
     field = rule.otherwise;
+    return rule.code;
 }
 
-/// What is to be known of an option: what stands for its value in a usage text, or the words that it accepts;
-/// one of the two setters; and the code when that leaves an empty field.
-struct option_row {
-    const char * value;
-    void (input_parms::*take_value)(const char *);
-    void (input_parms::*take_flag)() = nullptr;
-    const char * const * words = nullptr;
-    short (*check)(const input_parms &) = nullptr;
+template <class Type>
+constexpr const char * kind_of_value = "TEXT";
+template <>
+constexpr const char * kind_of_value<int> = "NUMBER";
+template <>
+constexpr const char * kind_of_value<pathname> = "PATH";
+
+} // namespace
+
+/// What the table says of an option, for the code that walks it.
+struct input_parms::option_row {
+    const char * value; ///< as a usage text shows it: the kind or the words; null for a flag
+    short (*store)(input_parms & ip, const char * value);
+
+    static const option_row rows[option_count];
+
+    /// Stores a value by the rule of its option and marks the option: 0 or the code for `get_ips`.
+    static short set(input_parms & ip, int index, const char * value)
+    {
+        const short rc = rows[index].store(ip, value);
+        if (rc != code::value_missing)
+            ip.ip_flags_[index] = 1;
+        return rc;
+    }
 };
 
-short check_op_sys(const input_parms &)
-{
-    return input_parms::ip_op_sys().length() == 0 ? bad_op_sys : taken;
-}
+// clang-format off
+#define FIELD_own(name) ip.name##_
+#define FIELD_shared(name) name()
+#define STORE(expression) [](input_parms & ip [[maybe_unused]], const char * value [[maybe_unused]]) { return expression; }
+#define VALUE(option, name, scope, type) {kind_of_value<type>, STORE(store_value(FIELD_##scope(name), value))},
+#define FLAG(option, name, scope) {nullptr, STORE(store_flag(FIELD_##scope(name)))},
+#define WORD(option, name, scope, words, message, otherwise, code) \
+    {words, STORE(store_word(FIELD_##scope(name), value, {words, print_message<messages::message>, otherwise, code}))},
+constexpr input_parms::option_row input_parms::option_row::rows[] = {ORVET_OPTIONS(VALUE, FLAG, WORD)};
+#undef VALUE
+#undef FLAG
+#undef WORD
 
-short check_obj_type(const input_parms & ip)
-{
-    return ip.ip_obj_type().length() == 0 ? bad_obj_type : taken;
-}
+// The setters by name.
+#define VALUE(name, accessor, ...) \
+    void input_parms::set_##accessor(const char * value) { option_row::set(*this, index_of(name), value); }
+#define FLAG(name, accessor, ...) \
+    void input_parms::set_##accessor() { option_row::set(*this, index_of(name), nullptr); }
+ORVET_OPTIONS(VALUE, FLAG, VALUE)
+// clang-format on
 
-/// One row for each of `ip_names`, in the same order.
-constexpr option_row rows[option_count] = {
-    {"NUMBER", &input_parms::set_ip_log_level},
-    {"NUMBER", &input_parms::set_ip_trace_level},
-    {nullptr, &input_parms::set_ip_op_sys, nullptr, op_sys_words, check_op_sys},
-    {"PATH", &input_parms::set_ip_file_name},
-    {"TEXT", &input_parms::set_ip_base_cmd},
-    {nullptr, &input_parms::set_ip_obj_type, nullptr, obj_type_words, check_obj_type},
-    {nullptr, nullptr, &input_parms::set_ip_uvxinstp},
-    {"TEXT", &input_parms::set_ip_trg_name},
-    {"PATH", &input_parms::set_ip_top_root},
-    {nullptr, nullptr, &input_parms::set_ip_force},
-    {"TEXT", &input_parms::set_ip_cmd},
-    {"TEXT", &input_parms::set_ip_key},
-    {nullptr, nullptr, &input_parms::set_ip_h_global},
-    {nullptr, nullptr, &input_parms::set_ip_t_global},
-    {"TEXT", &input_parms::set_ip_usr_name},
-    {"TEXT", &input_parms::set_ip_prf_name},
-    {"TEXT", &input_parms::set_ip_grp_name},
-    {"TEXT", &input_parms::set_ip_tool_name},
-    {"PATH", &input_parms::set_ip_obj_file_name},
-    {"PATH", &input_parms::set_ip_input_file},
-    {"TEXT", &input_parms::set_ip_srv_name},
-    {"PATH", &input_parms::set_ip_input_dir},
-    {"TEXT", &input_parms::set_ip_pro_name},
-    {"TEXT", &input_parms::set_ip_gfn_name},
-    {"TEXT", &input_parms::set_ip_resgf_name},
-    {nullptr, &input_parms::set_ip_ret_val, nullptr, ret_val_words},
-    {nullptr, &input_parms::set_ip_type, nullptr, type_words},
-    {"TEXT", &input_parms::set_ip_tokens_file},
-    {"PATH", &input_parms::set_ip_out_dir},
-    {"PATH", &input_parms::set_ip_vxa_images},
-};
+namespace {
 
-/// The option whose name `word` begins with, or that of the null entry. No name is the beginning of another.
+/// The option whose name `word` begins with, or the position of the null entry.
 int option_of(const char * word)
 {
     int i = 0;
@@ -161,21 +164,25 @@ int option_of(const char * word)
     return i;
 }
 
-/// An option as a usage text shows it: "-log NUMBER", "-ret ok|err", "-force".
-ustring option_text(const char * name)
+const char * description_of(const option_description * list, const char * name)
 {
-    ustring text(name);
-    const int option = index_in(ip_names, name);
-    if (!ip_names[option])
-        return text;
-    if (rows[option].value)
-        text.append(" ").append(rows[option].value);
-    const char * mark = " ";
-    for (const char * const * word = rows[option].words; word && *word; ++word) {
-        text.append(mark).append(*word);
-        mark = "|";
+    for (; list && list->name; ++list)
+        if (std::strcmp(list->name, name) == 0)
+            return list->text;
+    return nullptr;
+}
+
+/// Adds a description in its column after `width` characters of its line, or on the next line.
+void add_in_column(ustring & text, unsigned width, const char * description)
+{
+    constexpr unsigned column = 20;
+    if (width + 2 > column) {
+        text.append("\n    ");
+        width = 0;
     }
-    return text;
+    for (; width < column; ++width)
+        text.append(" ");
+    text.append(description);
 }
 
 void lower_in_place(char * word)
@@ -196,31 +203,25 @@ short input_parms::get_ips(int argc, char ** argv)
     for (int i = 1; i < argc; ++i) {
         char * const word = argv[i];
         lower_in_place(word);
-        const int option = option_of(word);
-        if (!ip_names[option]) {
+        const int index = option_of(word);
+        if (!ip_names[index]) {
             console_message(messages::MSGI0004, word);
-            return unknown_option;
+            return code::unknown_option;
         }
-        const option_row & row = rows[option];
-        if (row.take_flag) {
-            (this->*row.take_flag)();
-            continue;
+        const char * value = nullptr;
+        short rc = code::success;
+        if (option_row::rows[index].value) {
+            rc = i == argc - 1 ? code::value_missing : code::success;
+            value = argv[++i];
         }
-        if (i == argc - 1) {
+        if (rc == code::success)
+            rc = option_row::set(*this, index, value);
+        if (rc == code::value_missing)
             console_message(messages::MSGI0005, word);
-            return value_missing;
-        }
-        memory_watch watch;
-        (this->*row.take_value)(argv[++i]);
-        if (watch.failed()) {
-            console_message(messages::MSGI0005, word);
-            return value_missing;
-        }
-        const short code = row.check ? row.check(*this) : short{taken};
-        if (code != taken)
-            return code;
+        if (rc != code::success)
+            return rc;
     }
-    return taken;
+    return code::success;
 }
 
 int input_parms::validate(const char * const * mandatory, const char * const * allowed) const
@@ -251,15 +252,43 @@ vector input_parms::missing(const char * const * mandatory) const
 
 ustring input_parms::usage(const option_profile & profile, const char * tool_name)
 {
+    return usage(profile, tool_name, nullptr);
+}
+
+ustring input_parms::usage(const option_profile & profile, const char * tool_name,
+                           const option_description * descriptions)
+{
     memory_watch watch;
     ustring text("usage: ");
+    const auto add_option = [&text](const char * name) { // "-log NUMBER", "-ret ok|err", "-force"
+        const unsigned before = text.length();
+        text.append(name);
+        const int index = index_in(ip_names, name);
+        if (ip_names[index] && option_row::rows[index].value)
+            text.append(" ").append(option_row::rows[index].value);
+        return text.length() - before;
+    };
+    const auto add_list = [&](const char * title, const char * const * names) {
+        if (*names)
+            text.append(title);
+        for (; *names; ++names) {
+            text.append("\n    ");
+            const unsigned width = add_option(*names);
+            if (const char * const what_for = description_of(descriptions, *names))
+                add_in_column(text, width, what_for);
+        }
+    };
+
     text.append(tool_name);
-    for (const char * const * name = profile.mandatory; *name; ++name)
-        text.append(" ").append(option_text(*name));
+    for (const char * const * name = profile.mandatory; *name; ++name) {
+        text.append(" ");
+        add_option(*name);
+    }
     if (*profile.allowed)
-        text.append(" [options]\noptions:");
-    for (const char * const * name = profile.allowed; *name; ++name)
-        text.append("\n    ").append(option_text(*name));
+        text.append(" [options]");
+    if (descriptions)
+        add_list("\nrequired:", profile.mandatory);
+    add_list("\noptions:", profile.allowed);
     text.append("\n");
     if (watch.failed())
         text = ustring();
@@ -280,20 +309,20 @@ int input_parms::ip(const char * name) const
 
 pathname & input_parms::ip_file_name()
 {
-    static lasting<pathname> kept;
-    return kept.value;
+    static lasting<pathname> name;
+    return name.value;
 }
 
 ustring & input_parms::ip_base_cmd()
 {
-    static lasting<ustring> kept;
-    return kept.value;
+    static lasting<ustring> command;
+    return command.value;
 }
 
 ustring & input_parms::ip_op_sys()
 {
-    static lasting<ustring> kept("UVX");
-    return kept.value;
+    static lasting<ustring> system("UVX");
+    return system.value;
 }
 
 int & input_parms::ip_h_global()
@@ -306,160 +335,6 @@ int & input_parms::ip_t_global()
 {
     static int value = 0;
     return value;
-}
-
-void input_parms::set_ip_log_level(const char * value)
-{
-    take(ip_log_level_, value, ip_flags_[index_of("-log")]);
-}
-
-void input_parms::set_ip_trace_level(const char * value)
-{
-    take(ip_trace_level_, value, ip_flags_[index_of("-trc")]);
-}
-
-void input_parms::set_ip_op_sys(const char * value)
-{
-    take(ip_op_sys(), value, ip_flags_[index_of("-osys")], op_sys_rule);
-}
-
-void input_parms::set_ip_file_name(const char * value)
-{
-    take(ip_file_name(), value, ip_flags_[index_of("-ini")]);
-}
-
-void input_parms::set_ip_base_cmd(const char * value)
-{
-    take(ip_base_cmd(), value, ip_flags_[index_of("-rcmd")]);
-}
-
-void input_parms::set_ip_obj_type(const char * value)
-{
-    take(ip_obj_type_, value, ip_flags_[index_of("-tobj")], obj_type_rule);
-}
-
-void input_parms::set_ip_uvxinstp()
-{
-    ip_uvxinstp_ = 1;
-    ip_flags_[index_of("-uvxp")] = 1;
-}
-
-void input_parms::set_ip_trg_name(const char * value)
-{
-    take(ip_trg_name_, value, ip_flags_[index_of("-trg")]);
-}
-
-void input_parms::set_ip_top_root(const char * value)
-{
-    take(ip_top_root_, value, ip_flags_[index_of("-top")]);
-}
-
-void input_parms::set_ip_force()
-{
-    ip_force_ = 1;
-    ip_flags_[index_of("-force")] = 1;
-}
-
-void input_parms::set_ip_cmd(const char * value)
-{
-    take(ip_cmd_, value, ip_flags_[index_of("-cmd")]);
-}
-
-void input_parms::set_ip_key(const char * value)
-{
-    take(ip_key_, value, ip_flags_[index_of("-key")]);
-}
-
-void input_parms::set_ip_h_global()
-{
-    ip_h_global() = 1;
-    ip_flags_[index_of("-gh")] = 1;
-}
-
-void input_parms::set_ip_t_global()
-{
-    ip_t_global() = 1;
-    ip_flags_[index_of("-gt")] = 1;
-}
-
-void input_parms::set_ip_usr_name(const char * value)
-{
-    take(ip_usr_name_, value, ip_flags_[index_of("-usr")]);
-}
-
-void input_parms::set_ip_prf_name(const char * value)
-{
-    take(ip_prf_name_, value, ip_flags_[index_of("-prf")]);
-}
-
-void input_parms::set_ip_grp_name(const char * value)
-{
-    take(ip_grp_name_, value, ip_flags_[index_of("-gp")]);
-}
-
-void input_parms::set_ip_tool_name(const char * value)
-{
-    take(ip_tool_name_, value, ip_flags_[index_of("-tool")]);
-}
-
-void input_parms::set_ip_obj_file_name(const char * value)
-{
-    take(ip_obj_file_name_, value, ip_flags_[index_of("-obj")]);
-}
-
-void input_parms::set_ip_input_file(const char * value)
-{
-    take(ip_input_file_, value, ip_flags_[index_of("-file")]);
-}
-
-void input_parms::set_ip_srv_name(const char * value)
-{
-    take(ip_srv_name_, value, ip_flags_[index_of("-srv")]);
-}
-
-void input_parms::set_ip_input_dir(const char * value)
-{
-    take(ip_input_dir_, value, ip_flags_[index_of("-dir")]);
-}
-
-void input_parms::set_ip_pro_name(const char * value)
-{
-    take(ip_pro_name_, value, ip_flags_[index_of("-pro")]);
-}
-
-void input_parms::set_ip_gfn_name(const char * value)
-{
-    take(ip_gfn_name_, value, ip_flags_[index_of("-gfn")]);
-}
-
-void input_parms::set_ip_resgf_name(const char * value)
-{
-    take(ip_resgf_name_, value, ip_flags_[index_of("-resgf")]);
-}
-
-void input_parms::set_ip_ret_val(const char * value)
-{
-    take(ip_ret_val_, value, ip_flags_[index_of("-ret")], ret_val_rule);
-}
-
-void input_parms::set_ip_type(const char * value)
-{
-    take(ip_type_, value, ip_flags_[index_of("-type")], type_rule);
-}
-
-void input_parms::set_ip_tokens_file(const char * value)
-{
-    take(ip_tokens_file_, value, ip_flags_[index_of("-ftok")]);
-}
-
-void input_parms::set_ip_out_dir(const char * value)
-{
-    take(ip_out_dir_, value, ip_flags_[index_of("-odir")]);
-}
-
-void input_parms::set_ip_vxa_images(const char * value)
-{
-    take(ip_vxa_images_, value, ip_flags_[index_of("-vxai")]);
 }
 
 } // namespace orvet

@@ -7,44 +7,54 @@
 
 namespace orvet {
 
-/// All that a tool can be told on its command line.
+/// What an option is for, as a tool's usage text shows it.
+struct option_description {
+    const char * name = nullptr; ///< as in `ip_names`
+    const char * text = nullptr;
+};
+
+/// Everything that a tool accepts on its command line.
 ///
-/// `get_ips` fills the record from the command line and `validate` holds it against the tool's lists; then
-/// `setloglevel` applies the levels. What goes wrong is told on standard output and by the result: the tool
-/// decides. An accessor bears its field's name, and its setter stores a copy of the value, replacing an
-/// earlier one, and marks the option as specified, also when the value is rejected. A null value is the empty
-/// text.
+/// `get_ips` fills the record from the command line and `validate` checks it against the tool's lists; then
+/// `setloglevel` applies the levels. Errors are printed to standard output and reported by the result;
+/// neither ends the process. An accessor bears its field's name. Its setter stores a copy of the value,
+/// replaces an earlier one, and marks the option as specified, also when the value is rejected. A null value
+/// is the empty text. If allocation fails, a setter changes nothing.
 class ORVET_API input_parms {
 public:
-    /// Levels from the environment, all else empty or 0, no option marked. The five class-level values stay.
+    /// Levels from the environment, everything else empty or 0, no option marked. The shared values stay.
     input_parms();
 
     /// Reads the command line from `argv[1]` on, and lower-cases the option words in place. A word counts as
     /// the option whose name it begins with. Stops at the first error; what was set until then stays set.
-    /// Gives 0, 1 for a word that is no option, 15 for an option without its value or without memory
-    /// for it, 16 and 17 for a rejected value of "-osys" and "-tobj".
+    /// Returns 0; 1 for a word that is not an option; 15 for an option without its value, also if allocation
+    /// fails; 16 and 17 for a rejected value of "-osys" and "-tobj".
     short get_ips(int argc, char ** argv);
 
-    /// Holds the marks against two lists of option names, each closed by a null entry; neither is null. Gives
-    /// 0 and names the first mandatory option that is missing, or 1; options outside both lists are only
-    /// warned of, and names outside the option table are passed over.
+    /// Checks the marks against two lists of option names, each closed by a null entry; neither is null.
+    /// Returns 0 and prints the first mandatory option that is missing, or 1. An option in neither list only
+    /// draws a warning; names that are not options are ignored.
     int validate(const char * const * mandatory, const char * const * allowed) const;
 
     /// The names of all mandatory options that were not specified, as `ustring`s in the order of the list;
-    /// names outside the option table are passed over. Prints nothing. Some are left out when memory is
-    /// short.
+    /// names that are not options are ignored. Prints nothing. Incomplete if allocation fails.
     vector missing(const char * const * mandatory) const;
 
-    /// How to call a tool of that profile: the mandatory options with the kind of their value or the words
-    /// that they accept, and the allowed ones, one a line. Ends in a line feed; empty when memory is short.
+    /// How to call a tool of that profile: its mandatory options on the first line, then a line for each
+    /// allowed one, with the kind of value or the accepted words. Ends in a line feed; empty if allocation
+    /// fails.
     static ustring usage(const option_profile & profile, const char * tool_name);
+    /// The same with a line for the mandatory options too and with what each option is for. The descriptions
+    /// are in any order and are closed by an empty one; an option may have none.
+    static ustring usage(const option_profile & profile, const char * tool_name,
+                         const option_description * descriptions);
 
-    /// Marks the option of that name; a name outside the table marks nothing.
+    /// Marks the option of that name; any other name marks nothing.
     void set_ip(const char * name);
     /// 1 when the option of that name was specified, else 0.
     int ip(const char * name) const;
 
-    // Levels: any whole number; text that is no number counts as 0.
+    // Levels: any whole number; text that is not a number counts as 0.
     int ip_log_level() const { return ip_log_level_; }     ///< "-log"
     int ip_trace_level() const { return ip_trace_level_; } ///< "-trc"
     ///@{
@@ -53,16 +63,16 @@ public:
     void set_ip_trace_level(const char * value);
     ///@}
 
-    // Class-level values: one for the process, seen by every object, never reset by one.
+    // Shared values: one for the process, seen by every object, reset by none.
     static ustring & ip_op_sys();     ///< "-osys", "UVX" at first
     static pathname & ip_file_name(); ///< "-ini", the name of the listing commands' final file
-    static ustring & ip_base_cmd();   ///< "-rcmd", what stands ahead of each Brodan command
+    static ustring & ip_base_cmd();   ///< "-rcmd", put before each Brodan command
     static int & ip_h_global();       ///< "-gh", 1 from the start
     static int & ip_t_global();       ///< "-gt", 0 at first
     /// Accepts "UVX" and "WINDOWS_NT"; any other word: MSGI0006, and the value is empty.
     void set_ip_op_sys(const char * value);
     ///@{
-    /// Stores the text as it is, for the whole process.
+    /// Stores the text unchanged, for the whole process.
     void set_ip_file_name(const char * value);
     void set_ip_base_cmd(const char * value);
     ///@}
@@ -93,7 +103,7 @@ public:
     void set_ip_force();
     ///@}
 
-    // Texts, stored as they are.
+    // Texts, stored unchanged.
     const ustring & ip_trg_name() const { return ip_trg_name_; }       ///< "-trg"
     const ustring & ip_cmd() const { return ip_cmd_; }                 ///< "-cmd"
     const ustring & ip_key() const { return ip_key_; }                 ///< "-key"
@@ -107,7 +117,7 @@ public:
     const ustring & ip_resgf_name() const { return ip_resgf_name_; }   ///< "-resgf"
     const ustring & ip_tokens_file() const { return ip_tokens_file_; } ///< "-ftok", a file name
     ///@{
-    /// Stores the text as it is.
+    /// Stores the text unchanged.
     void set_ip_trg_name(const char * value);
     void set_ip_cmd(const char * value);
     void set_ip_key(const char * value);
@@ -130,7 +140,7 @@ public:
     const pathname & ip_out_dir() const { return ip_out_dir_; }             ///< "-odir"
     const pathname & ip_vxa_images() const { return ip_vxa_images_; }       ///< "-vxai"
     ///@{
-    /// Stores the path as it is.
+    /// Stores the path unchanged.
     void set_ip_top_root(const char * value);
     void set_ip_obj_file_name(const char * value);
     void set_ip_input_file(const char * value);
@@ -140,32 +150,23 @@ public:
     ///@}
 
 private:
-    int ip_log_level_;
-    int ip_trace_level_;
-    ustring ip_obj_type_;
-    int ip_uvxinstp_ = 0;
-    ustring ip_trg_name_;
-    pathname ip_top_root_;
-    int ip_force_ = 0;
-    ustring ip_cmd_;
-    ustring ip_key_;
-    ustring ip_usr_name_;
-    ustring ip_prf_name_;
-    ustring ip_grp_name_;
-    ustring ip_tool_name_;
-    pathname ip_obj_file_name_;
-    pathname ip_input_file_;
-    ustring ip_srv_name_;
-    pathname ip_input_dir_;
-    ustring ip_pro_name_;
-    ustring ip_gfn_name_;
-    ustring ip_resgf_name_;
-    ustring ip_ret_val_;
-    ustring ip_type_;
-    ustring ip_tokens_file_;
-    pathname ip_out_dir_;
-    pathname ip_vxa_images_;
-    int ip_flags_[31] = {};
+    struct option_row;
+
+    // clang-format off
+    // The options' own fields, in the order of the table.
+#define ORVET_FIELD_own(type, name) type name##_{};
+#define ORVET_FIELD_shared(type, name)
+#define ORVET_VALUE_FIELD(option, name, scope, type) ORVET_FIELD_##scope(type, name)
+#define ORVET_FLAG_FIELD(option, name, scope) ORVET_FIELD_##scope(int, name)
+#define ORVET_WORD_FIELD(option, name, scope, ...) ORVET_FIELD_##scope(ustring, name)
+    ORVET_OPTIONS(ORVET_VALUE_FIELD, ORVET_FLAG_FIELD, ORVET_WORD_FIELD)
+#undef ORVET_FIELD_own
+#undef ORVET_FIELD_shared
+#undef ORVET_VALUE_FIELD
+#undef ORVET_FLAG_FIELD
+#undef ORVET_WORD_FIELD
+    // clang-format on
+    int ip_flags_[sizeof ip_names / sizeof *ip_names] = {};
 };
 
 } // namespace orvet

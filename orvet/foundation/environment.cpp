@@ -12,22 +12,22 @@ namespace orvet {
 
 namespace {
 
-const char * text_of(const char * variable, const char * otherwise)
+const char * text_of(const char * variable, const char * default_value)
 {
     const char * const value = std::getenv(variable);
-    return value ? value : otherwise;
+    return value ? value : default_value;
 }
 
-long long_of(const char * variable, long otherwise)
+long long_of(const char * variable, long default_value)
 {
     const char * const value = std::getenv(variable);
-    return value ? std::strtol(value, nullptr, 10) : otherwise;
+    return value ? std::strtol(value, nullptr, 10) : default_value;
 }
 
-int int_of(const char * variable, int otherwise)
+int int_of(const char * variable, int default_value)
 {
     const char * const value = std::getenv(variable);
-    return value ? to_int(value) : otherwise;
+    return value ? to_int(value) : default_value;
 }
 
 /// Whether a text is that word, in any case.
@@ -38,24 +38,24 @@ bool is_word(const char * text, const char * word)
     return *text == *word;
 }
 
-/// A setting as it was first read: read again where there was no memory for it.
+/// A setting as it was first read. If allocation fails, the next call reads it again.
 template <class Value>
-class kept {
+class cached_setting {
 public:
     template <class Read>
     const Value & get(Read read)
     {
-        if (!whole_) {
+        if (!complete_) {
             memory_watch watch;
-            lasting_.value = Value(read());
-            whole_ = !watch.failed();
+            setting_.value = Value(read());
+            complete_ = !watch.failed();
         }
-        return lasting_.value;
+        return setting_.value;
     }
 
 private:
-    lasting<Value> lasting_;
-    bool whole_ = false;
+    lasting<Value> setting_;
+    bool complete_ = false;
 };
 
 } // namespace
@@ -83,13 +83,13 @@ const char * environment::get_cf_prefix()
 
 const char * environment::get_remove_temp_files()
 {
-    const char * const wish = std::getenv("ktxrmtf");
-    if (!wish)
+    const char * const choice = std::getenv("ktxrmtf");
+    if (!choice)
         return "no";
-    if (is_word(wish, "yes"))
+    if (is_word(choice, "yes"))
         return "yes";
-    if (!is_word(wish, "no"))
-        console_message(messages::MSGI0003, "ktxrmtf", wish, "no");
+    if (!is_word(choice, "no"))
+        console_message(messages::MSGI0003, "ktxrmtf", choice, "no");
     return "no";
 }
 
@@ -123,25 +123,25 @@ const char * environment::get_kt_work_path()
 
 const pathname & environment::kt_inst_path()
 {
-    static kept<pathname> path;
+    static cached_setting<pathname> path;
     return path.get(get_kt_inst_path);
 }
 
 const pathname & environment::brod_inst_path()
 {
-    static kept<pathname> path;
+    static cached_setting<pathname> path;
     return path.get(get_brod_inst_path);
 }
 
 const ustring & environment::cf_prefix()
 {
-    static kept<ustring> prefix;
+    static cached_setting<ustring> prefix;
     return prefix.get(get_cf_prefix);
 }
 
 const ustring & environment::remove_temp_files()
 {
-    static kept<ustring> answer;
+    static cached_setting<ustring> answer;
     return answer.get(get_remove_temp_files);
 }
 
@@ -171,13 +171,13 @@ int environment::trace_level()
 
 const pathname & environment::kt_work_path()
 {
-    static kept<pathname> path;
+    static cached_setting<pathname> path;
     return path.get(get_kt_work_path);
 }
 
 const pathname & environment::kt_bin_path()
 {
-    static kept<pathname> path;
+    static cached_setting<pathname> path;
     return path.get([] { return pathname(kt_inst_path()) += "bin"; });
 }
 

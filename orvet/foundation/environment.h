@@ -7,15 +7,15 @@ namespace orvet {
 
 /// Every setting that comes from the process's environment.
 ///
-/// A `get_` form reads the environment at each call; its text is the environment's own or a static one, which
-/// the caller neither frees nor changes. A plain form reads once and gives the same value for the rest of the
-/// process. What is wrong with a variable is told on standard output by the `get_` form, so once by the plain
-/// one, and work goes on with an empty or default value.
+/// A `get_` form reads the environment at each call; its text belongs to the environment or is static, and
+/// the caller neither frees nor changes it. A plain form reads once and returns the same value for the rest
+/// of the process. The `get_` form prints what is wrong with a variable to standard output, so the plain form
+/// prints it once; the setting is then empty or has its default.
 class ORVET_API environment {
 public:
     ///@{
-    /// `KTXPATH`, where Ketrix is installed: trace, log and bare file names lie there. Unset: MSGI0001,
-    /// empty.
+    /// `KTXPATH`, where Ketrix is installed, the directory of trace, log and bare file names. Unset:
+    /// MSGI0001, empty.
     static const char * get_kt_inst_path();
     static const pathname & kt_inst_path();
     ///@}
@@ -39,7 +39,8 @@ public:
     ///@}
 
     ///@{
-    /// `ktxlsize` and `ktxtsize`, the limits of log and trace in bytes; 500000 when unset, 0 for no number.
+    /// `ktxlsize` and `ktxtsize`, the limits of log and trace in bytes; 500000 when unset, 0 for text that is
+    /// not a number.
     static long get_log_size();
     static long log_size();
     static long get_trace_size();
@@ -47,7 +48,8 @@ public:
     ///@}
 
     ///@{
-    /// `ktxllev` and `ktxtlev`, the levels of log and trace; 0 and 6 when unset, 0 for no number.
+    /// `ktxllev` and `ktxtlev`, the levels of log and trace; 0 and 6 when unset, 0 for text that is not a
+    /// number.
     static int get_log_level();
     static int log_level();
     static int get_trace_level();

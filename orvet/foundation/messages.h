@@ -1,8 +1,9 @@
 #ifndef ORVET_FOUNDATION_MESSAGES_H
 #define ORVET_FOUNDATION_MESSAGES_H
 
-/// Every numbered message of the library, in number order. MSGI messages go to standard output, MSG messages
-/// to the log; the two are separate sequences. The texts stand as operators know them, spelling included.
+/// Every numbered message of the library, in number order. MSGI messages are printed to standard output, MSG
+/// messages are logged; the two are separate sequences. Operators know the texts as they are: their spelling
+/// stays.
 namespace orvet::messages {
 
 // clang-format off
