@@ -23,7 +23,8 @@ struct reading {
     static constexpr bool is_agent = kind<Record>::is_agent;
 
     std::vector<model> done; // of agents all that have been begun
-    std::size_t line = 0;    // where it failed, from 1; 0 for the end of the file
+    std::size_t line = 0;    // where it failed, from 1; 0 when there is no such line
+    std::size_t head = 0;    // the first line of the section
     int section = 0;
 
     short read(const std::vector<fuzz::line> & lines, const std::string & separator)
@@ -36,7 +37,8 @@ struct reading {
                 continue;
             if (text.starts_with(separator)) {
                 if (section != 0 && !current.validate())
-                    return keep(current), short{102};
+                    return keep(current), line = head, short{102};
+                head = line;
                 if (section++ != 0 || is_agent) {
                     done.push_back(current);
                     current = model(Record());
@@ -47,8 +49,8 @@ struct reading {
             if (const short code = current.set(text))
                 return keep(current), code;
         }
-        line = 0;
         const bool valid = current.validate();
+        line = valid ? 0 : head;
         if (valid || is_agent)
             done.push_back(current);
         section = valid ? 0 : section;

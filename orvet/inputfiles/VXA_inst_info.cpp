@@ -1,81 +1,43 @@
 #include "orvet/inputfiles/VXA_inst_info.h"
 
-#include <iterator>
-
 #include "orvet/inputfiles/record_internal.h"
 
 namespace orvet {
 
-namespace {
-
-void announce_path(const call_trace & trace, const ustring & value)
+bool can_be_installed(const ustring & op_system)
 {
-    trace.call("in the switch");
-    trace.call("in the switch");
-    trace.call("in the switch.line is <%s>", value);
+    return op_system.begins_with("WINDOWS_NT") || op_system.begins_with("WIN95");
 }
-
-// clang-format off
-
-constexpr record_field fields[] = {
-    {.fallback = "", .beginnings = op_system_names},              // op_system
-    {.fallback = ""},                                             // server_name
-    {.fallback = ""},                                             // server_ren_rgn
-    {.fallback = ""},                                             // gateway_ip_address
-    {.fallback = "9494"},                                         // gateway_port_number
-    {.fallback = "$(TARGET)", .emptied_by = "$(HOSTNAME)"},       // agent_name
-    {.fallback = "9495"},                                         // agent_port_number
-    {.fallback = "c:\\corvan\\vxa", .announce = announce_path,
-     .confirm = [](const call_trace & trace) { trace.call("after set"); }}, // agent_inst_path
-    {.fallback = ""},                                             // images_server_name
-    {.fallback = ""},                                             // exported_dir
-    {.fallback = ""},                                             // mount_point
-    {.fallback = ""},                                             // mount_options
-    {.fallback = ""},                                             // export_options
-};
-
-// clang-format on
-
-constexpr record_kind kind{
-    .first_row = fip_row("OPERATING_SYSTEM="),
-    .count = static_cast<int>(std::size(fields)),
-    .fields = fields,
-    .shown_up_to = u'=',
-    .strips_key = true,
-    .unstored = "TARGET=",
-};
-
-constexpr auto mandatory = rows_of(vxa_mandatory);
-constexpr auto allowed = rows_of(vxa_allowed);
-
-} // namespace
 
 VXA_inst_info::VXA_inst_info()
 {
-    clear_record({kind, texts_, fip_flags_});
+    set_initial_values(agent_kind, texts_);
 }
 
 void VXA_inst_info::set_text(fip_row row, const ustring & value)
 {
-    set_field({kind, texts_, fip_flags_}, row - first_row, value);
+    set_field({agent_kind, texts_, fip_flags_}, row, value);
+}
+
+const ustring & VXA_inst_info::value(const char * keyword) const
+{
+    return field_of(agent_kind, texts_, keyword);
 }
 
 short VXA_inst_info::set(const ustring & line)
 {
     const call_trace trace("VXA_inst_info::set");
-    return set_line(trace, {kind, texts_, fip_flags_}, line);
+    return set_line(trace, {agent_kind, texts_, fip_flags_}, line);
 }
 
 int VXA_inst_info::validate() const
 {
     const call_trace trace("VXA_inst_info::validate");
-    // `set` takes names that are turned down here: their agents are not installed by this road.
-    constexpr const char * installed[] = {"WINDOWS_NT", "WIN95", nullptr};
-    if (!begins_with_one_of(op_system(), installed)) {
+    if (!can_be_installed(op_system())) {
         trace.error("Invalid operating system <%s>", op_system());
         return 0;
     }
-    return weigh_marks(fip_flags_, mandatory.data(), allowed.data());
+    return check_keywords(agent_kind, fip_flags_);
 }
 
 } // namespace orvet

@@ -1,6 +1,5 @@
 #include "orvet/inputfiles/auth_profile_info.h"
 
-#include <iterator>
 #include <utility>
 
 #include "orvet/foundation/base/memory.h"
@@ -8,77 +7,44 @@
 
 namespace orvet {
 
-namespace {
-
-// clang-format off
-
-constexpr record_field fields[] = {
-    {.fallback = "", .announce = announce_value}, // usProfileName
-    {.fallback = "NO"},                           // usManageAll
-    {.fallback = "NO"},                           // usCMInstall
-    {.fallback = "NO"},                           // usCMActivate
-    {.fallback = "NO"},                           // usCMExecute
-    {.fallback = "NO"},                           // usCMAuthorize
-    {.fallback = "NO"},                           // usPreparation
-    {.fallback = "", .detail = true},             // usPreparationModi
-    {.fallback = "", .detail = true},             // usPreparationView
-    {.fallback = "NO"},                           // usSend
-    {.fallback = "NO"},                           // usRDR
-    {.fallback = "NO"},                           // usQueues
-    {.fallback = "", .detail = true},             // usQueuesManage
-    {.fallback = "", .detail = true},             // usQueuesView
-    {.fallback = "NO"},                           // usSysAdmin
-    {.fallback = "", .detail = true},             // usSysAdminModi
-    {.fallback = "", .detail = true},             // usSysAdminView
-    {.fallback = "NO"},                           // usConfiguration
-    {.fallback = "", .detail = true},             // usConfigurationModi
-    {.fallback = "", .detail = true},             // usConfigurationView
-    {.fallback = "NO"},                           // usPurgeRequests
-    {.fallback = "NO"},                           // usManageRequestes
-};
-
-// clang-format on
-
-constexpr record_kind kind{
-    .first_row = fip_row("PROFILE NAME="),
-    .count = static_cast<int>(std::size(fields)),
-    .fields = fields,
-    .shown_up_to = u':',
-};
-
-constexpr auto mandatory = rows_of(auth_mandatory);
-constexpr auto allowed = rows_of(auth_allowed);
-
-} // namespace
+auth_profile_info::auth_profile_info()
+{
+    set_initial_values(profile_kind, texts_);
+}
 
 void auth_profile_info::clear()
 {
-    clear_record({kind, texts_, fip_flags_});
+    clear_record({profile_kind, texts_, fip_flags_});
 }
 
 void auth_profile_info::set_text(fip_row row, const ustring & value)
 {
-    set_field({kind, texts_, fip_flags_}, row - first_row, value);
+    set_field({profile_kind, texts_, fip_flags_}, row, value);
+}
+
+const ustring & auth_profile_info::value(const char * keyword) const
+{
+    return field_of(profile_kind, texts_, keyword);
 }
 
 short auth_profile_info::set(const ustring & line)
 {
     const call_trace trace("auth_profile_info::set");
-    return set_line(trace, {kind, texts_, fip_flags_}, line);
+    return set_line(trace, {profile_kind, texts_, fip_flags_}, line);
 }
 
 int auth_profile_info::validate() const
 {
     const call_trace trace("auth_profile_info::validate");
-    return weigh_marks(fip_flags_, mandatory.data(), allowed.data());
+    return check_keywords(profile_kind, fip_flags_);
 }
 
 void auth_profile_info::toString(ustring & text) const
 {
     memory_watch watch;
     ustring lines;
-    for (int i = 0; i < kind.count; ++i)
-        if (!fields[i].detail)
+    for (int i = 0; i < profile_kind.field_count; ++i)
+        if (!profile_kind.keywords[i].detail)
             lines.append(texts_[i]).append("\n");
     if (!watch.failed())
         text = std::move(lines);

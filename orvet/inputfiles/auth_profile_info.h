@@ -8,41 +8,47 @@
 namespace orvet {
 
 /// What the users of one authorization profile may do: a section of an authorization profile file. A setting
-/// takes any text, in the case in which it stands in the file; "NO" is only its default. The detail settings,
-/// those ending in Modi, Manage and View, are empty by default and depend on nothing.
+/// is any text, in the case that it has in the file; "NO" is only its default. The detail settings, those
+/// ending in Modi, Manage and View, are empty by default and depend on nothing.
 ///
 /// An accessor bears its field's name; its setter stores a copy and marks the keyword as supplied, also for
-/// an empty value. Where memory is short, a setter leaves both as they were.
+/// an empty value. If allocation fails, a setter changes nothing.
 class ORVET_API auth_profile_info : public ktobject {
 public:
-    /// As `clear` leaves a record.
-    auth_profile_info() { clear(); }
+    /// Every field at its default, no keyword marked.
+    auth_profile_info();
 
-    /// Sets every field to its default and takes all marks back.
+    /// Sets every field to its default and removes all marks.
     void clear();
 
-    /// Takes one line of a file, "KEYWORD=value", the keyword in any case, without blanks around it. A value
-    /// that itself begins with a later keyword fills that one's field as well. 100 for a line without a
-    /// keyword of this record and when memory is short, with the record as it was.
+    /// Reads one line of a file, "KEYWORD=value", the keyword in any case, without blanks around it. A value
+    /// that itself begins with a later keyword is stored for that keyword too. Returns 0, or 100 for a line
+    /// without a keyword of this record, also if allocation fails; the record is then unchanged.
     short set(const ustring & line);
 
-    /// 1 always: no keyword is mandatory, and marks of other records' keywords are only warned of.
+    /// Always 1: no keyword is mandatory, and marks of other records' keywords only draw a warning.
     int validate() const;
 
     /// Replaces `text` by 14 lines, each closed by a line feed: the profile's name and the settings without
-    /// the detail settings. Where memory is short `text` stays as it was.
+    /// the detail settings. If allocation fails, `text` is unchanged.
     void toString(ustring & text) const;
 
-    /// A copy that the caller owns; null when memory is short.
+    /// A copy that the caller owns; null if allocation fails.
     codable * clone() override;
 
-    /// Marks a keyword, with its "=", as supplied; a text outside `fip_names` marks nothing.
+    /// The keywords of the fields, in their order: `for (const char * keyword :
+    /// auth_profile_info::keywords())`.
+    static constexpr const auto & keywords() { return detail::fields_of<detail::profile_keywords>.names; }
+    /// The value of the field with that keyword; empty for any other text. Valid while the object is
+    /// unchanged.
+    const ustring & value(const char * keyword) const;
+    /// Marks a keyword, with its "=", as supplied; a text that is not in `fip_names` marks nothing.
     void set_fip(const char * keyword) { fip_flags_.set(keyword); }
-    /// 1 when the keyword was supplied, else 0.
+    /// The keyword's mark: 1 when it was supplied, else 0.
     int fip(const char * keyword) const { return fip_flags_[keyword]; }
 
     ///@{
-    /// The value as it is stored; valid while the object is unchanged.
+    /// The stored value; valid while the object is unchanged.
     const ustring & usProfileName() const { return text("PROFILE NAME="); }
     const ustring & usManageAll() const { return text("MANAGE ALL TARGETS="); }
     const ustring & usCMInstall() const { return text("CHANGE MANAGEMENT INSTALL="); }
@@ -99,11 +105,11 @@ private:
     const ustring & text(fip_row row) const { return texts_[row - first_row]; }
     void set_text(fip_row row, const ustring & value);
 
-    ustring texts_[22]; // one for each of the record's rows of `fip_names`
+    ustring texts_[detail::field_count(detail::profile_keywords)];
     fip_marks fip_flags_;
 };
 
-/// A new text: `left` with `right` behind it.
+/// A new text: `left` followed by `right`.
 ORVET_API ustring operator+(const ustring & left, const char * right);
 
 } // namespace orvet

@@ -1,6 +1,7 @@
 #include "orvet/inputfiles/file_input_parms.h"
 
 #include <cstring>
+#include <memory>
 #include <utility>
 
 #include "orvet/files/kt_file.h"
@@ -14,51 +15,78 @@
 
 namespace orvet {
 
-/// What a kind of file makes of its sections.
-class section_builder {
-public:
-    /// What the trace calls the failed record.
-    virtual const char * name() const { return ""; }
-    /// A separator line begins a section. False when there is no place for it.
-    virtual bool begin(const call_trace &) { return true; }
-    /// Takes a line of the section in hand and gives the code of the record's `set`.
-    virtual short take(const call_trace & trace, const ustring & line) = 0;
-    /// The section in hand is whole. False when it is not valid.
-    virtual bool end(const call_trace & trace) = 0;
-
-protected:
-    ~section_builder() = default;
-};
-
 namespace {
 
-enum file_kind { agent_file = 1, profile_file = 2, user_file = 3 };
+constexpr const char * op_system_keyword = fip_names[fip_row("OPERATING_SYSTEM=")];
 
-constexpr int slot_count = 5;
+/// What a kind of file makes of its sections.
+class section_records {
+public:
+    /// How its lines are read; null when there is no record for them.
+    virtual const record_kind * kind() const { return nullptr; }
+    /// What the trace calls a record that is not valid.
+    virtual const char * name() const { return ""; }
+    /// Has a record for the lines to come. False if allocation fails.
+    virtual bool prepare() { return true; }
+    /// A separator line begins a section. False when there are too many.
+    virtual bool begin(const call_trace &) { return true; }
+    /// Passes a line to the current record and returns the code of its `set`.
+    virtual short set(const call_trace & trace, const ustring & line) = 0;
+    /// The current section has all its lines. False when it is not valid or can't be stored.
+    virtual bool end(const call_trace & trace) = 0;
+    /// Says why the current section is not valid.
+    virtual void explain(detail::reading_place &) const {}
+
+protected:
+    ~section_records() = default;
+};
+
+template <class Record>
+void explain_missing(const Record & record, const char * const * mandatory, detail::reading_place & place)
+{
+    while (*mandatory && record.fip(*mandatory))
+        ++mandatory;
+    if (*mandatory)
+        place.keyword = *mandatory;
+}
 
 /// Agents fill the slots in place.
-class agent_builder final : public section_builder {
+class agent_slots final : public section_records {
 public:
-    agent_builder(VXA_inst_info * slots, int & index) : slots_(slots), index_(index) {}
+    template <int Count>
+    agent_slots(VXA_inst_info (&slots)[Count], int & index) : slots_(slots), count_(Count), index_(index)
+    {
+    }
 
+    const record_kind * kind() const override { return &agent_kind; }
     const char * name() const override { return "VXA"; }
     bool begin(const call_trace & trace) override
     {
-        if (index_++ < slot_count)
+        if (index_++ < count_)
             return true;
         trace.fatal("Too many operating systems");
         return false;
     }
-    short take(const call_trace & trace, const ustring & line) override
+    short set(const call_trace & trace, const ustring & line) override
     {
         trace.call("set input value. _index is %d", index_);
         return slots_[index_ - 1].set(line);
     }
     bool end(const call_trace &) override { return slots_[index_ - 1].validate() != 0; }
+    void explain(detail::reading_place & place) const override
+    {
+        const VXA_inst_info & agent = slots_[index_ - 1];
+        explain_missing(agent, vxa_mandatory, place);
+        if (can_be_installed(agent.op_system()))
+            return;
+        place.keyword = op_system_keyword;
+        place.value = agent.op_system();
+    }
 
 private:
     VXA_inst_info * slots_;
-    int & index_;
+    int count_;
+    int & index_; // one above the slot in use
 };
 
 void describe(const call_trace & trace, const auth_profile_info & profile)
@@ -75,37 +103,52 @@ void describe(const call_trace & trace, const user_info & user)
     trace.info("User and auth_profile = -->%s<-- -->%s<-- ", user.usUserName(), user.usProfileName());
 }
 
-/// Other records are collected: one working record takes the lines, and a copy of it goes into the vector.
+/// Other records are collected, one object a section.
 template <class Record>
-class record_builder final : public section_builder {
+class collected_records final : public section_records {
 public:
-    explicit record_builder(vector & records) : records_(records) {}
+    collected_records(vector & records, const record_kind & kind, const char * const * mandatory)
+        : records_(records), kind_(kind), mandatory_(mandatory)
+    {
+    }
 
-    short take(const call_trace & trace, const ustring & line) override
+    const record_kind * kind() const override { return &kind_; }
+    bool prepare() override
+    {
+        record_.reset(make<Record>());
+        return record_ != nullptr;
+    }
+    short set(const call_trace & trace, const ustring & line) override
     {
         trace.call("set input value");
-        return record_.set(line);
+        return record_->set(line);
     }
     bool end(const call_trace & trace) override
     {
-        if (!record_.validate())
+        if (!record_->validate())
             return false;
-        describe(trace, record_);
+        describe(trace, *record_);
         const unsigned before = records_.size();
-        records_.push_back(make<Record>(std::move(record_)));
-        record_.clear();
+        records_.push_back(record_.release());
         return records_.size() != before;
+    }
+    void explain(detail::reading_place & place) const override
+    {
+        if (record_)
+            explain_missing(*record_, mandatory_, place);
     }
 
 private:
     vector & records_;
-    Record record_;
+    const record_kind & kind_;
+    const char * const * mandatory_;
+    std::unique_ptr<Record> record_;
 };
 
 /// A kind of file that there is no record for.
-class no_builder final : public section_builder {
+class no_records final : public section_records {
 public:
-    short take(const call_trace & trace, const ustring &) override
+    short set(const call_trace & trace, const ustring &) override
     {
         trace.call("set input value");
         return code::success;
@@ -113,7 +156,7 @@ public:
     bool end(const call_trace &) override { return false; }
 };
 
-/// True for a line that says nothing: empty, a comment or a head in brackets.
+/// True for a line without a setting: empty, a comment or in brackets.
 bool is_skipped(const ustring & line)
 {
     const char16_t * unit = line.data();
@@ -128,16 +171,116 @@ bool begins_with(const ustring & line, const ustring & what)
            std::memcmp(line.data(), what.data(), what.length() * sizeof(char16_t)) == 0;
 }
 
-/// The line without the blanks around it and with its key in upper case: the line itself where that changes
-/// nothing, else a copy in `room`. Null when memory is short.
-const ustring * tidy(const ustring & line, ustring & room)
+/// The line, which is not empty, without the blanks around it and with its key in upper case: the line itself
+/// if that changes nothing, else a copy in `buffer`. Null if allocation fails.
+const ustring * normalize_line(const ustring & line, const record_kind * kind, ustring & buffer)
 {
-    if (line.data()[0] != u' ' && line.data()[line.length() - 1] != u' ')
-        return with_upper_key(line, room);
+    const bool ends_in_blank = line.data()[line.length() - 1] == u' ';
+    if (!ends_in_blank && kind && begins_with_keyword(*kind, line))
+        return &line;
+    if (!ends_in_blank && line.data()[0] != u' ')
+        return with_upper_key(line, buffer);
     memory_watch watch;
-    room = line;
-    return watch.failed() ? nullptr : with_upper_key(room.strip(ustring::strip_both, u' '), room);
+    buffer = line;
+    return watch.failed() ? nullptr : with_upper_key(buffer.strip(ustring::strip_both, u' '), buffer);
 }
+
+/// Reads the sections of an open file.
+class section_reader {
+public:
+    section_reader(const call_trace & trace, kt_file & input, const ustring & separator,
+                   detail::reading_place & place)
+        : trace_(trace), input_(input), separator_(separator), place_(place)
+    {
+    }
+
+    /// Returns the code of `get_fips`; `place` is then where it failed, or empty.
+    short read(section_records & records)
+    {
+        if (!records.prepare())
+            return refuse(records);
+        ustring buffer;
+        while (next_line()) {
+            if (is_skipped(place_.text))
+                continue;
+            const ustring * const line = normalize_line(place_.text, records.kind(), buffer);
+            if (!line)
+                return refuse(records);
+            if (begins_with(*line, separator_))
+                if (const short rc = begin_section(records, *line))
+                    return rc;
+            if (const short rc = records.set(trace_, *line)) {
+                trace_.fatal("Invalid input file");
+                if (rc == code::invalid_op_system)
+                    explain_refused_system(*line);
+                return rc;
+            }
+        }
+        if (lost_)
+            return refuse(records);
+        if (!records.end(trace_))
+            return refuse_section(records);
+        place_ = detail::reading_place();
+        return code::success;
+    }
+
+private:
+    /// False at the end of the file, and when the line could not be read or stored.
+    bool next_line()
+    {
+        memory_watch watch;
+        ++place_.line;
+        const bool read = input_.get_line(place_.text) != 0;
+        lost_ = watch.failed() || input_.error();
+        if (lost_)
+            place_.text.remove(0);
+        return read && !lost_;
+    }
+
+    short begin_section(section_records & records, const ustring & line)
+    {
+        trace_.warning("New sections_separator <%s> found", line);
+        if (place_.section != 0 && !records.end(trace_))
+            return refuse_section(records);
+        if (place_.section != 0 && !records.prepare())
+            return refuse(records);
+        ++place_.section;
+        head_line_ = place_.line;
+        head_text_ = place_.text;
+        return records.begin(trace_) ? code::success : code::not_provided;
+    }
+
+    short refuse(const section_records & records)
+    {
+        log_message(messages::MSG0139);
+        trace_.fatal("Error %hd from validate %s", code::invalid_section, records.name());
+        return code::invalid_section;
+    }
+
+    /// The failure of the whole section: its place is the section's first line.
+    short refuse_section(const section_records & records)
+    {
+        place_.line = head_line_;
+        place_.text = std::move(head_text_);
+        records.explain(place_);
+        return refuse(records);
+    }
+
+    void explain_refused_system(const ustring & line)
+    {
+        place_.keyword = op_system_keyword;
+        place_.value.assign(line, line.find(u'=') + 1, ustring::npos);
+        place_.value.strip(ustring::strip_both, u' ');
+    }
+
+    const call_trace & trace_;
+    kt_file & input_;
+    const ustring & separator_;
+    detail::reading_place & place_;
+    bool lost_ = false; // a line that is there could not be read
+    int head_line_ = 0;
+    ustring head_text_;
+};
 
 } // namespace
 
@@ -147,8 +290,8 @@ short file_input_parms::get_fips(const pathname & file, int sections, const char
     const call_trace trace("file_input_parms::get_fips");
     kt_file input(file);
     memory_watch watch;
-    const ustring separator(sections_separator); // ahead of the former place, which it may have come from
-    forget_place();
+    const ustring separator(sections_separator); // copied first: it may be the text of the former place
+    place_ = detail::reading_place();
     if (sections == 0) {
         trace.error("not implemented yet. Wrong call");
         return trace.fail(code::not_provided);
@@ -160,87 +303,26 @@ short file_input_parms::get_fips(const pathname & file, int sections, const char
     }
     if (const short rc = input.open("r")) {
         trace.error("Error opening input file");
-        if (rc != code::open_failed) // it could be opened but not measured
-            input.close();
+        input.close_silently(); // open, but not measured
         return trace.fail(rc);
     }
     log_message(messages::MSG0135_started, file);
     index_ = 1;
-    const short rc = read_file(trace, input, separator, file_type);
-    if (rc == code::success)
-        log_message(messages::MSG0135_completed, file);
-    input.close();
-    return rc == code::success ? trace.leave(rc) : trace.fail(rc);
-}
 
-short file_input_parms::read_file(const call_trace & trace, kt_file & input, const ustring & separator,
-                                  int file_type)
-{
-    agent_builder agents(input_info_, index_);
-    record_builder<auth_profile_info> profiles(sections_);
-    record_builder<user_info> users(sections_);
-    no_builder none;
-    switch (file_type) {
-    case agent_file:
-        return read_sections(trace, input, separator, agents);
-    case profile_file:
-        return read_sections(trace, input, separator, profiles);
-    case user_file:
-        return read_sections(trace, input, separator, users);
-    default:
-        return read_sections(trace, input, separator, none);
-    }
-}
-
-short file_input_parms::read_sections(const call_trace & trace, kt_file & input, const ustring & separator,
-                                      section_builder & builder)
-{
-    const auto refuse = [&] {
-        log_message(messages::MSG0139);
-        trace.fatal("Error %hd from validate %s", code::invalid_section, builder.name());
-        return code::invalid_section;
-    };
-    ustring room;
-    for (;;) {
-        memory_watch watch;
-        ++line_number_;
-        const bool read = input.get_line(line_) != 0;
-        const bool lost = watch.failed() || input.error();
-        if (!read || lost) {
-            line_.remove(0);
-            if (lost)
-                return refuse();
-            line_number_ = 0;
-            if (!builder.end(trace))
-                return refuse();
-            forget_place();
-            return code::success;
-        }
-        if (is_skipped(line_))
-            continue;
-        const ustring * const line = tidy(line_, room);
-        if (!line)
-            return refuse();
-        if (begins_with(*line, separator)) {
-            trace.warning("New sections_separator <%s> found", *line);
-            if (section_ != 0 && !builder.end(trace))
-                return refuse();
-            ++section_;
-            if (!builder.begin(trace))
-                return code::not_provided;
-        }
-        if (const short rc = builder.take(trace, *line)) {
-            trace.fatal("Invalid input file");
-            return rc;
-        }
-    }
-}
-
-void file_input_parms::forget_place()
-{
-    line_number_ = 0;
-    section_ = 0;
-    line_ = ustring();
+    agent_slots agents(input_info_, index_);
+    collected_records<auth_profile_info> profiles(sections_, profile_kind, auth_mandatory);
+    collected_records<user_info> users(sections_, user_kind, user_mandatory);
+    no_records none;
+    section_reader reader(trace, input, separator, place_);
+    const short rc = file_type == agent_file     ? reader.read(agents)
+                     : file_type == profile_file ? reader.read(profiles)
+                     : file_type == user_file    ? reader.read(users)
+                                                 : reader.read(none);
+    input.close_silently();
+    if (rc != code::success)
+        return trace.fail(rc);
+    log_message(messages::MSG0135_completed, file);
+    return trace.leave(rc);
 }
 
 } // namespace orvet

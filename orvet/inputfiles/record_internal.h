@@ -1,70 +1,71 @@
 #ifndef ORVET_INPUTFILES_RECORD_H
 #define ORVET_INPUTFILES_RECORD_H
 
-#include <array>
-
 #include "orvet/foundation/base/ustring.h"
 #include "orvet/foundation/call_trace.h"
 #include "orvet/inputfiles/keywords.h"
 
-// What the records of input files have in common. Each class is a table of its keywords with these functions.
+// What the records of input files have in common. Each class is a table of keywords with these functions.
 namespace orvet {
 
-/// One keyword of a record. All but the default is for the few that are special.
-struct record_field {
-    const char * fallback;                     ///< the field's default
-    const char * const * beginnings = nullptr; ///< what a value has to begin with; null for anything
-    const char * emptied_by = nullptr;         ///< the value that leaves the field empty
-    void (*announce)(const call_trace & trace,
-                     const ustring & value) = nullptr;   ///< traces a value to be stored
-    void (*confirm)(const call_trace & trace) = nullptr; ///< traces that it is stored
-    bool detail = false;                                 ///< a setting that `toString` leaves out
+/// A kind of record: its keywords and how it reads a line.
+struct record_kind {
+    template <unsigned Count>
+    consteval record_kind(const detail::keyword_row (&rows)[Count], char16_t cutoff, bool blanks)
+        : keywords(rows), count(Count), field_count(detail::field_count(rows)),
+          first_row(row_of(rows[0].name)), message_cutoff(cutoff), allows_blanks(blanks)
+    {
+    }
+
+    const detail::keyword_row * keywords;
+    int count;
+    int field_count;         ///< the keywords with a field, which are the first ones
+    int first_row;           ///< in `fip_names`
+    char16_t message_cutoff; ///< where the messages cut an invalid line
+    bool allows_blanks;      ///< around a keyword, before its "="
+
+private:
+    static consteval int row_of(const char * name) { return fip_row(name); }
 };
 
-struct record_kind {
-    int first_row; ///< in `fip_names`, of the first of `count` keywords
-    int count;
-    const record_field * fields;
-    char16_t shown_up_to;            ///< where the messages on an invalid line cut it
-    bool strips_key = false;         ///< blanks around the keyword are removed
-    const char * unstored = nullptr; ///< a keyword that is accepted and stored nowhere
-};
+inline constexpr record_kind agent_kind(detail::agent_keywords, u'=', true);
+inline constexpr record_kind profile_kind(detail::profile_keywords, u':', false);
+inline constexpr record_kind user_kind(detail::user_keywords, u':', false);
 
 /// The inside of one record.
 struct record_parts {
     const record_kind & kind;
-    ustring * texts; ///< `kind.count` of them
+    ustring * texts; ///< `kind.field_count` of them
     fip_marks & marks;
 };
 
-/// `announce` for a keyword whose value is traced.
-void announce_value(const call_trace & trace, const ustring & value);
-
-/// Puts every field at its default and takes all marks back.
+/// Gives the fields, which are empty, their initial values.
+void set_initial_values(const record_kind & kind, ustring * texts);
+/// Sets every field to its initial value and removes all marks.
 void clear_record(const record_parts & record);
-/// Stores a copy in field `index` and marks its keyword. Where memory is short, both stay as they were.
-void set_field(const record_parts & record, int index, const ustring & value);
-/// Takes one line, and traces it as the function that `trace` stands for: 0, 100 or 101. The record stays as
-/// it was unless the result is 0.
+/// Stores a copy in the field of a row of `fip_names` and marks its keyword. If allocation fails, both stay
+/// unchanged.
+void set_field(const record_parts & record, int row, const ustring & value);
+/// The field of a keyword, or an empty text if the record has none.
+const ustring & field_of(const record_kind & kind, const ustring * texts, const char * keyword);
+/// Reads one line, and traces it as the function that `trace` stands for: 0, 100 or 101. The record stays
+/// unchanged unless the result is 0.
 short set_line(const call_trace & trace, const record_parts & record, const ustring & line);
-/// The rows of a list of keywords, found when it is compiled; closed by the row of the null entry.
-template <unsigned Count>
-consteval std::array<fip_row, Count> rows_of(const char * const (&list)[Count])
-{
-    std::array<fip_row, Count> rows;
-    for (unsigned i = 0; i < Count; ++i)
-        rows[i] = fip_row(list[i]);
-    return rows;
-}
 
-/// 0, told to the log, when a mandatory keyword has no mark, else 1; marks outside both lists are logged.
-int weigh_marks(const fip_marks & marks, const fip_row * mandatory, const fip_row * allowed);
+/// The first mandatory keyword without a mark; null when there is none.
+const char * missing_keyword(const record_kind & kind, const fip_marks & marks);
+/// 0 when a mandatory keyword has no mark, else 1. Logs that keyword, or each keyword of another record that
+/// is marked.
+int check_keywords(const record_kind & kind, const fip_marks & marks);
 
-/// True when `text` begins with an entry of the list, case respected.
-bool begins_with_one_of(const ustring & text, const char * const * list);
-/// The line with the part in front of its first "=", or all of it without one, in upper case: `line` itself
-/// where that changes nothing, else a copy in `room`, which may be the line. Null when memory is short.
-const ustring * with_upper_key(const ustring & line, ustring & room);
+/// True when the line begins with a keyword of the record, so that it needs no clean-up.
+bool begins_with_keyword(const record_kind & kind, const ustring & line);
+/// True for the systems of which an agent record is valid: `set` accepts others too, on which no agent is
+/// installed.
+bool can_be_installed(const ustring & op_system);
+/// The line with the part before its first "=", or all of it without one, in upper case: `line` itself if
+/// that changes nothing, else a copy in `buffer`, which may be the line. Null if allocation fails.
+const ustring * with_upper_key(const ustring & line, ustring & buffer);
 
 } // namespace orvet
 

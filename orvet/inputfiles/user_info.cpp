@@ -1,51 +1,40 @@
 #include "orvet/inputfiles/user_info.h"
 
-#include <iterator>
-
 #include "orvet/foundation/base/memory.h"
 #include "orvet/inputfiles/record_internal.h"
 
 namespace orvet {
 
-namespace {
-
-constexpr record_field fields[] = {
-    {.fallback = "", .announce = announce_value}, // usUserName
-    {.fallback = ""},                             // usProfileName
-};
-
-constexpr record_kind kind{
-    .first_row = fip_row("USER="),
-    .count = static_cast<int>(std::size(fields)),
-    .fields = fields,
-    .shown_up_to = u':',
-};
-
-constexpr auto mandatory = rows_of(user_mandatory);
-constexpr auto allowed = rows_of(user_allowed);
-
-} // namespace
+user_info::user_info()
+{
+    set_initial_values(user_kind, texts_);
+}
 
 void user_info::clear()
 {
-    clear_record({kind, texts_, fip_flags_});
+    clear_record({user_kind, texts_, fip_flags_});
 }
 
 void user_info::set_text(fip_row row, const ustring & value)
 {
-    set_field({kind, texts_, fip_flags_}, row - first_row, value);
+    set_field({user_kind, texts_, fip_flags_}, row, value);
+}
+
+const ustring & user_info::value(const char * keyword) const
+{
+    return field_of(user_kind, texts_, keyword);
 }
 
 short user_info::set(const ustring & line)
 {
     const call_trace trace("user_info::set");
-    return set_line(trace, {kind, texts_, fip_flags_}, line);
+    return set_line(trace, {user_kind, texts_, fip_flags_}, line);
 }
 
 int user_info::validate() const
 {
     const call_trace trace("user_info::validate");
-    return weigh_marks(fip_flags_, mandatory.data(), allowed.data());
+    return check_keywords(user_kind, fip_flags_);
 }
 
 codable * user_info::clone()

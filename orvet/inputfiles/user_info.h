@@ -7,37 +7,41 @@
 
 namespace orvet {
 
-/// A user and the name of the authorization profile that is to hold for it: a section of a user file. The
-/// profile is a name only; nothing looks it up.
+/// A user and the name of its authorization profile: a section of a user file. Nothing looks the profile up.
 ///
 /// An accessor bears its field's name; its setter stores a copy and marks the keyword as supplied, also for
-/// an empty value. Where memory is short, a setter leaves both as they were.
+/// an empty value. If allocation fails, a setter changes nothing.
 class ORVET_API user_info : public ktobject {
 public:
-    /// As `clear` leaves a record.
-    user_info() { clear(); }
+    /// Both fields empty, no keyword marked.
+    user_info();
 
-    /// Empties both fields and takes all marks back.
+    /// Empties both fields and removes all marks.
     void clear();
 
-    /// Takes one line of a file, "KEYWORD=value", the keyword in any case, without blanks around it. A user
-    /// name that itself begins with the other keyword fills that one's field as well. 100 for a line without
-    /// a keyword of this record and when memory is short, with the record as it was.
+    /// Reads one line of a file, "KEYWORD=value", the keyword in any case, without blanks around it. A user
+    /// name that itself begins with the other keyword is stored for that keyword too. Returns 0, or 100 for a
+    /// line without a keyword of this record, also if allocation fails; the record is then unchanged.
     short set(const ustring & line);
 
-    /// 1 when both keywords were supplied, else 0; marks of other records' keywords are only warned of.
+    /// 1 when both keywords were supplied, else 0. Marks of other records' keywords only draw a warning.
     int validate() const;
 
-    /// A copy that the caller owns; null when memory is short.
+    /// A copy that the caller owns; null if allocation fails.
     codable * clone() override;
 
-    /// Marks a keyword, with its "=", as supplied; a text outside `fip_names` marks nothing.
+    /// The keywords of the fields, in their order: `for (const char * keyword : user_info::keywords())`.
+    static constexpr const auto & keywords() { return detail::fields_of<detail::user_keywords>.names; }
+    /// The value of the field with that keyword; empty for any other text. Valid while the object is
+    /// unchanged.
+    const ustring & value(const char * keyword) const;
+    /// Marks a keyword, with its "=", as supplied; a text that is not in `fip_names` marks nothing.
     void set_fip(const char * keyword) { fip_flags_.set(keyword); }
-    /// 1 when the keyword was supplied, else 0.
+    /// The keyword's mark: 1 when it was supplied, else 0.
     int fip(const char * keyword) const { return fip_flags_[keyword]; }
 
     ///@{
-    /// The value as it is stored; valid while the object is unchanged.
+    /// The stored value; valid while the object is unchanged.
     const ustring & usUserName() const { return text("USER="); }
     const ustring & usProfileName() const { return text("AUTHORIZATION PROFILE="); }
     ///@}
@@ -54,7 +58,7 @@ private:
     const ustring & text(fip_row row) const { return texts_[row - first_row]; }
     void set_text(fip_row row, const ustring & value);
 
-    ustring texts_[2]; // one for each of the record's rows of `fip_names`
+    ustring texts_[detail::field_count(detail::user_keywords)];
     fip_marks fip_flags_;
 };
 
