@@ -167,8 +167,10 @@ bool is_skipped(const ustring & line)
 
 bool begins_with(const ustring & line, const ustring & what)
 {
-    return line.length() >= what.length() &&
-           std::memcmp(line.data(), what.data(), what.length() * sizeof(char16_t)) == 0;
+    // Both texts end in a zero, so that the first units can be compared. They tell most lines apart.
+    return what.length() == 0 ||
+           (line.length() >= what.length() && *line.data() == *what.data() &&
+            std::memcmp(line.data(), what.data(), what.length() * sizeof(char16_t)) == 0);
 }
 
 /// The line, which is not empty, without the blanks around it and with its key in upper case: the line itself

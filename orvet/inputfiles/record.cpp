@@ -221,13 +221,6 @@ short set_values(const call_trace & trace, const record_parts & record, const us
 
 } // namespace
 
-void set_initial_values(const record_kind & kind, ustring * texts)
-{
-    for (int i = 0; i < kind.field_count; ++i)
-        if (*kind.keywords[i].initial)
-            texts[i].assign(kind.keywords[i].initial);
-}
-
 void clear_record(const record_parts & record)
 {
     for (int i = 0; i < record.kind.field_count; ++i)
