@@ -76,11 +76,18 @@ bool is_one_of(std::string_view words, std::string_view value)
     }
 }
 
+consteval bool shows_value(const char * message)
+{
+    while (*message && *message != '%')
+        ++message;
+    return *message != 0;
+}
+
 /// Prints a message about a value, which the message need not show.
 template <const auto & Message>
 void print_message([[maybe_unused]] const char * value)
 {
-    if constexpr (std::string_view(Message).find('%') != std::string_view::npos)
+    if constexpr (shows_value(Message))
         console_message(Message, value);
     else
         console_message(Message);
@@ -210,12 +217,13 @@ short input_parms::get_ips(int argc, char ** argv)
         }
         const char * value = nullptr;
         short rc = code::success;
-        if (option_row::rows[index].value) {
-            rc = i == argc - 1 ? code::value_missing : code::success;
-            value = argv[++i];
-        }
-        if (rc == code::success)
+        if (option_row::rows[index].value && i == argc - 1) {
+            rc = code::value_missing;
+        } else {
+            if (option_row::rows[index].value)
+                value = argv[++i];
             rc = option_row::set(*this, index, value);
+        }
         if (rc == code::value_missing)
             console_message(messages::MSGI0005, word);
         if (rc != code::success)

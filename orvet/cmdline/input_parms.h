@@ -10,7 +10,7 @@ namespace orvet {
 /// What an option is for, as a tool's usage text shows it.
 struct option_description {
     const char * name = nullptr; ///< as in `ip_names`
-    const char * text = nullptr;
+    const char * text = nullptr; ///< one line
 };
 
 /// Everything that a tool accepts on its command line.

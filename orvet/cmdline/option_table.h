@@ -46,7 +46,8 @@ namespace orvet {
     WORD ("-type",  ip_type,          own,    "GEN|ZR7CID|WINCID|BRD2|PROCEDURE|PLAN|UVXINSTP", MSGI0011, "err", code::success) \
     VALUE("-ftok",  ip_tokens_file,   own,    ustring)       \
     VALUE("-odir",  ip_out_dir,       own,    pathname)      \
-    VALUE("-vxai",  ip_vxa_images,    own,    pathname)
+    VALUE("-vxai",  ip_vxa_images,    own,    pathname)      \
+    /* every row ends in a backslash */
 
 #define ORVET_OPTION_NAME(name, ...) name,
 /// The names of all options, closed by a null entry. The position of a name is the index of its mark.

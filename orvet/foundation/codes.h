@@ -1,8 +1,8 @@
 #ifndef ORVET_FOUNDATION_CODES_H
 #define ORVET_FOUNDATION_CODES_H
 
-/// The result codes of the library, one row each. A function built on others returns their codes unchanged. A number
-/// can have a name for each operation that returns it with a meaning of its own.
+/// The result codes of the library, one row each. A function built on others returns their codes unchanged. A
+/// number can have a name for each operation that returns it with a meaning of its own.
 namespace orvet::code {
 
 // clang-format off

@@ -49,6 +49,11 @@ struct failure {
     const char * value;
 };
 
+void PrintTo(const failure & each, std::ostream * out)
+{
+    *out << each.name;
+}
+
 const char least_agent[] = "SERVER_NAME=s\nSERVER_REN_RGN=r\nGATEWAY_IP_ADDRESS=i\nIMAGES_SERVER_NAME=n\n"
                            "EXPORTED_DIR=/e\nMOUNT_POINT=/m\n";
 const std::string unix_agent = std::string("#\n target=one\nOPERATING_SYSTEM=UVX 5\n") + least_agent;
@@ -74,7 +79,6 @@ class FailurePlace : public testing::TestWithParam<failure> {};
 TEST_P(FailurePlace, NamesLineKeywordAndValue)
 {
     const failure & expected = GetParam();
-    SCOPED_TRACE(expected.name);
     write_file("in.txt", expected.file);
     file_input_parms input;
     ASSERT_NE(input.get_fips("in.txt", 1, expected.separator, expected.file_type), 0);
