@@ -150,6 +150,8 @@ const example<const char *, std::string> canned_files[] = {
     {"all targets", "brod lstg \\* -l -b", "x_lstglb"},
     {"a blank before the command", " brod lstg -l", "x_invalid"},
     {"routes", "cat /usr/lpp/brodan/db/routetab ", "x_lsroute"},
+    {"not quite routes", "cat /usr/lpp/brodan/db/routeta", "x_invalid"},
+    {"not quite targets", "brod lstg -", "x_invalid"},
     {"the configuration", "cat /usr/lpp/brodan/db/brod.cfg>x", "x_cfg"},
     {"a node", "cat /usr/lpp/brodan/db/snadscon/  NODE A>x", "xc_NODE A"},
     {"a group", "brod lstg \\* -l -j  GRP 2>>y", "xd_GRP 2"},

@@ -13,6 +13,7 @@ const struct {
     {"first and last of three bytes", "\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF",
      u"\u0800\uD7FF\uE000\uFFFF"},
     {"first and last of four bytes", "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", u"\xD800\xDC00\xDBFF\xDFFF"},
+    {"inside each length", "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x99\x82", u"\u00E9\u20AC\xD83D\xDE42"},
     {"wide after a block of ASCII", "16 of ASCII, then \xC3\xA9 and 16 of it again",
      u"16 of ASCII, then \u00E9 and 16 of it again"},
     {"a zero inside", std::string("zero\0inside", 11), std::u16string(u"zero\0inside", 11)},

@@ -262,15 +262,6 @@ std::string scenario_command(const std::string & name)
     return program + " --scenario " + name;
 }
 
-std::string without(const std::vector<const char *> & parts, const std::string & lines)
-{
-    std::string kept = lines + "\n";
-    for (const char * part : parts)
-        kept = lines_without(part, kept);
-    kept.resize(kept.size() - !kept.empty());
-    return without_numbers(kept);
-}
-
 } // namespace orvet_test
 
 int main(int argc, char ** argv)

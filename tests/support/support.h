@@ -5,10 +5,8 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <numeric>
 #include <sstream>
 #include <string>
-#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -229,28 +227,8 @@ extern const char * const killed_command;
 /// Opens a file, made if need be, with access for nobody else until the result goes; null where nobody is
 /// kept out.
 std::shared_ptr<void> hold_file(const char * name);
-/// Lets no file grow beyond so many bytes, as a full disk does; -1 lifts that. False where there is no such
-/// limit.
-bool limit_files(long bytes);
 /// Ends the process as a power cut does: nothing is flushed or closed.
 [[noreturn]] void die();
-
-// For tests that are not rewritten yet.
-
-inline long long sum(std::initializer_list<long long> codes)
-{
-    return std::accumulate(codes.begin(), codes.end(), 0LL);
-}
-/// The lines that `action` writes on both channels, then the code that it returns.
-template <class Action>
-std::string told(Action action, int trace_level = 0)
-{
-    transcript lines(trace_level);
-    const std::string code = std::to_string(action());
-    return lines.take() + code;
-}
-/// The lines without those that hold one of `parts`, and error numbers, which differ between systems, as N.
-std::string without(const std::vector<const char *> & parts, const std::string & lines);
 
 } // namespace orvet_test
 

@@ -50,13 +50,6 @@ std::shared_ptr<void> hold_file(const char *)
 {
     return nullptr;
 }
-bool limit_files(long bytes)
-{
-    rlimit limit;
-    getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = bytes < 0 ? limit.rlim_max : static_cast<rlim_t>(bytes);
-    return std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && setrlimit(RLIMIT_FSIZE, &limit) == 0;
-}
 void die()
 {
     _exit(9);

@@ -41,10 +41,6 @@ std::shared_ptr<void> hold_file(const char * name)
     return {CreateFileA(name, GENERIC_READ, 0, nullptr, OPEN_ALWAYS, 0, nullptr), CloseHandle};
 }
 
-bool limit_files(long)
-{
-    return false;
-}
 void die()
 {
     TerminateProcess(GetCurrentProcess(), 9);
