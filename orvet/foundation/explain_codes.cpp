@@ -36,7 +36,7 @@ constexpr explanation rows[] = {
  "Everything was done.",
  "Nothing."},
 
-{"1", "input_parms::get_ips",
+{"1 unknown_option", "input_parms::get_ips",
  "A word of the command line is not an option (MSGI0004).",
  "Correct the command line. A value with blanks needs quotes."},
 {"1 no_server", "scan_cfg::set_server",
@@ -55,13 +55,13 @@ constexpr explanation rows[] = {
  "Check that both names are on one file system and differ, that the target's directory exists, and that no program has "
  "the file open."},
 
-{"15", "input_parms::get_ips",
+{"15 value_missing", "input_parms::get_ips",
  "The last word is an option that takes a value (MSGI0005), or memory ran out.",
  "Add the value."},
-{"16", "input_parms::get_ips",
+{"16 op_sys_rejected", "input_parms::get_ips",
  "The value of -osys was refused (MSGI0006).",
  "Give UVX or WINDOWS_NT, in capitals."},
-{"17", "input_parms::get_ips",
+{"17 obj_type_rejected", "input_parms::get_ips",
  "The value of -tobj was refused (MSGI0006).",
  "Give PROC, PLAN or SOFTW, in capitals."},
 {"18 not_provided", "file_input_parms::get_fips",
