@@ -160,9 +160,11 @@ std::string replaced(std::string text, const std::vector<std::pair<std::string, 
 std::string without_numbers(std::string text)
 {
     for (std::size_t at = 0; (at = text.find("rrno", at)) != std::string::npos;) {
-        at = text.find_first_of("0123456789\n", at);
-        if (at != std::string::npos && text[at] > '0')
-            text.replace(at, text.find_first_not_of("0123456789", at) - at, "N");
+        at = std::min(text.find_first_of("0123456789\n", at), text.size());
+        const std::size_t length = std::min(text.find_first_not_of("0123456789", at), text.size()) - at;
+        const std::string number = text.substr(at, length);
+        if (length != 0 && number != "0" && number != std::to_string(ERANGE))
+            text.replace(at, length, "N");
     }
     return text;
 }

@@ -56,7 +56,8 @@ std::string native(std::string path);
 std::string portable(const std::string & text);
 /// The text with the first of each pair made the second, wherever it is.
 std::string replaced(std::string text, const std::vector<std::pair<std::string, std::string>> & words);
-/// The text with error numbers, which differ between systems, as N; 0 stays.
+/// The text with error numbers, which differ between systems, as N; 0 stays, and ERANGE, which a transcript
+/// sets.
 std::string without_numbers(std::string text);
 /// The lines that hold `part`, or those that don't.
 std::string lines_with(const std::string & part, const std::string & lines);

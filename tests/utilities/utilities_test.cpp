@@ -64,8 +64,10 @@ TEST(Heapdump, AddsUpTheBlocksThatItLists)
     std::string line;
     while (std::getline(dump, line) && line.find(" block at ") == 6) {
         const long size = std::stol(line.substr(line.rfind(' ')), nullptr, 16);
-        (line.starts_with("  USED ") ? used : free) += size;
-        largest = std::max(largest, line.starts_with("  USED ") ? size : 0);
+        const bool is_used = line.starts_with("  USED ");
+        EXPECT_EQ(line.substr(0, 7), is_used ? "  USED " : "  FREE ");
+        (is_used ? used : free) += size;
+        largest = std::max(largest, is_used ? size : 0);
     }
     if (line == "OK - empty heap") {
         EXPECT_EQ(status, panic + "OK - empty heap\n");
