@@ -6,6 +6,7 @@
 #include "orvet/cmdline/setup.h"
 #include "orvet/commands/brod_base.h"
 #include "orvet/commands/listings.h"
+#include "orvet/commands/recorded_answer.h"
 #include "orvet/commands/resolve_tokens.h"
 #include "orvet/files/kt_file.h"
 #include "orvet/files/sections.h"

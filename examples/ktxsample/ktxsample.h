@@ -13,7 +13,8 @@ int show_domains(const orvet::input_parms & ip);
 int show_records(const orvet::input_parms & ip);
 
 /// "-cmd listing [-obj NAME] [-rcmd BASE]": what Brodan says about its targets and the object of that global
-/// name. Without "-rcmd" the `brod` on the PATH answers; "dummy DIRECTORY" answers from canned files.
+/// name. Without "-rcmd" the `brod` on the PATH answers; "dummy DIRECTORY" answers from canned files. The
+/// variable KTXRECORD names a directory to record the answers in, as such files.
 int ask_brodan(const orvet::input_parms & ip);
 
 /// "-cmd server -dir DIRECTORY [-srv NAME]": the servers of the brod.cfg in that directory; makes the one of

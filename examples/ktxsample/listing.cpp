@@ -1,6 +1,8 @@
 #include "ktxsample.h"
 
 #include <cstdio>
+#include <cstdlib>
+#include <string>
 
 namespace {
 
@@ -50,11 +52,35 @@ bool find_object(const orvet::ustring & name)
     return keep_answer(object);
 }
 
+/// One line about the answers that were recorded, and those that were not.
+void show_recorded(const char * directory)
+{
+    const orvet::vector & answers = orvet::brod_base::recorded_answers();
+    std::string recorded;
+    std::string others;
+    for (unsigned i = 0; i < answers.size(); ++i) {
+        const auto & answer = static_cast<const orvet::recorded_answer &>(*answers[i]);
+        const std::string command = std::string("\"") + answer.command.mbcs_str() + "\"";
+        if (answer.is_recorded())
+            recorded += (recorded.empty() ? "" : ", ") + command + " as " +
+                        orvet::brod_base::canned_file(answer.command).mbcs_str();
+        else
+            others += "; not " + command + ", " + answer.reason.mbcs_str();
+    }
+    std::printf("Recorded in %s: %s%s\n", directory, recorded.empty() ? "nothing" : recorded.c_str(),
+                others.c_str());
+}
+
 } // namespace
 
 int ask_brodan(const orvet::input_parms & ip)
 {
+    const char * const directory = std::getenv("KTXRECORD");
+    if (directory)
+        orvet::brod_base::record_answers(directory);
     const bool listed = list_targets();
     const bool found = !ip.ip("-obj") || find_object(ip.ip_obj_file_name().text());
+    if (directory && *directory)
+        show_recorded(directory);
     return listed && found ? 0 : 1;
 }

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "orvet/cmdline/input_parms.h"
-#include "orvet/commands/lent_path_internal.h"
+#include "orvet/commands/answer_recorder_internal.h"
 #include "orvet/files/sections.h"
 #include "orvet/foundation/base/memory.h"
 #include "orvet/foundation/call_trace.h"
@@ -20,13 +20,14 @@ namespace {
 
 constexpr char error_file[] = "broderr.out";
 
-/// What the commands that tools give to Brodan begin with, and what answers them in dummy mode.
+/// A command of the tools, by what it begins with, and the file that answers it in dummy mode.
 struct canned_answer {
     const char * beginning;
     const char * file;
-    bool named; // the name behind the beginning is part of the file's
+    bool named; // the name after the beginning is part of the file's name
 };
 
+// In this order: the first that fits counts, and the last one fits all.
 // clang-format off
 constexpr canned_answer canned_answers[] = {
     {"brod lstg -l",                      "x_lstgl",   false},
@@ -39,7 +40,7 @@ constexpr canned_answer canned_answers[] = {
 };
 // clang-format on
 
-/// Makes `path` that of `name` in the `migr` directory; where memory is short it stays as it was.
+/// Makes `path` that of `name` in the `migr` directory; unchanged if allocation fails.
 void set_migr_path(pathname & path, const ustring & name)
 {
     memory_watch watch;
@@ -50,17 +51,10 @@ void set_migr_path(pathname & path, const ustring & name)
         path = std::move(made);
 }
 
-/// What `sset_out_file` gives when there is no memory for an object of its own: one for all, empty, which
-/// stands there anew whenever a holder deletes it.
-class no_path final : public pathname {
+/// What `sset_out_file` returns if allocation fails: one path for all callers, which `delete` leaves alone.
+class shared_path final : public pathname {
 public:
-    static pathname & get()
-    {
-        alignas(no_path) static char room[sizeof(no_path)];
-        static pathname & only = *::new (room) no_path;
-        return only;
-    }
-    static void operator delete(void * room) { ::new (room) no_path; }
+    static void operator delete(shared_path *, std::destroying_delete_t) {}
 };
 
 bool has_zero(const ustring & text)
@@ -68,9 +62,9 @@ bool has_zero(const ustring & text)
     return text.find(u'\0', 0, 0) != ustring::npos;
 }
 
-/// Takes a "dummy " off the front of `line` and makes of the rest the line that prints the canned file. False
-/// for a line that asks for none, and where a zero byte would cut the new line short: no shell takes one, so
-/// the old line fails by itself.
+/// Removes "dummy " from the front of `line` and makes of the rest the line that prints the canned file.
+/// False, with `line` unchanged, if it does not ask for one, and if a zero byte would cut the new line short:
+/// the shell refuses the old line because of it.
 bool make_canned(ustring & line, const pathname & output)
 {
     keyval rest(line);
@@ -87,41 +81,60 @@ bool make_canned(ustring & line, const pathname & output)
     return true;
 }
 
+void print_dummy_call(const ustring & asked, const ustring & line)
+{
+    memory_watch watch;
+    const char * const old_line = asked.mbcs_str();
+    const char * const new_line = line.mbcs_str();
+    if (!watch.failed())
+        std::printf("Dummy call: <%s> becomes <%s> \n", old_line, new_line);
+}
+
 } // namespace
 
-pathname & sset_out_file(const char * name)
+/// Writes no exit line: traces of this function have never had one.
+pathname out_file_path(const char * name)
 {
     const call_trace trace("sset_out_file");
     pathname path;
     const ustring text(name);
     if (text.length() != 0)
         set_migr_path(path, text);
-    pathname * const made = make<pathname>(path);
-    return made ? *made : no_path::get();
+    return path;
 }
 
-lent_path::lent_path(const char * name) : path_(sset_out_file(name)), stays_(path_.text().length() == 0)
+pathname & sset_out_file(const char * name)
 {
+    static lasting<shared_path> shared;
+    if (pathname * const made = make<pathname>(out_file_path(name)))
+        return *made;
+    shared.value.pathname::operator=(pathname()); // a caller may have changed it
+    return shared.value;
 }
 
-lent_path::~lent_path()
+brod_base::brod_base(pathname && output, pathname && final_output)
+    : out_file_(std::as_const(output)), final_out_file_(std::as_const(final_output))
 {
-    if (stays_)
-        delete &path_;
+    name_files(output);
 }
 
 brod_base::brod_base(pathname & output, pathname & final_output)
     : out_file_(output), final_out_file_(final_output)
 {
-    output_file_ = out_file_.file_name();
-    final_output_file_ = final_out_file_.file_name();
-    complete_ = output_file_.text() == output.text();
+    name_files(output);
     const bool takes_output = output.text().length() != 0;
     const bool takes_final = final_output.text().length() != 0 && &final_output != &output;
     if (takes_output)
         delete &output;
     if (takes_final)
         delete &final_output;
+}
+
+void brod_base::name_files(const pathname & output)
+{
+    output_file_ = out_file_.file_name();
+    final_output_file_ = final_out_file_.file_name();
+    complete_ = output_file_.text() == output.text();
 }
 
 brod_base::~brod_base()
@@ -176,16 +189,20 @@ void brod_base::set_brod_cmd(const ustring & cmd, int whole)
     if (whole == 0)
         command.append(input_parms::ip_base_cmd()).append(" ");
     command.append(cmd);
-    if (!watch.failed())
-        brod_cmd_ = std::move(command);
+    ustring without_base(cmd);
     command_complete_ = !watch.failed();
+    if (command_complete_) {
+        brod_cmd_ = std::move(command);
+        tool_cmd_ = std::move(without_base);
+    }
     trace.info("Command before conversion is <%s>", brod_cmd_);
     os_brod_cmd(brod_cmd_);
     trace.info("Command after conversion is <%s>", brod_cmd_);
     trace.leave();
 }
 
-/// Every system takes a command as it is.
+/// Every system accepts a command unchanged. Writes no exit line, although it is called between two lines of
+/// `set_brod_cmd`: traces of this function have never had one.
 void brod_base::os_brod_cmd(ustring &)
 {
     const call_trace trace("brod_base::os_brod_cmd");
@@ -196,11 +213,8 @@ ustring brod_base::redirected(int to_output, int to_errors) const
     ustring line(brod_cmd_);
     if (to_output != 0)
         line.append(">").append(output_file_.text());
-    if (to_errors != 0) {
-        pathname & errors = sset_out_file(error_file);
-        line.append(" 2>>").append(errors.text());
-        delete &errors; // NOLINT(clang-analyzer-cplusplus.NewDelete): see `no_path`
-    }
+    if (to_errors != 0)
+        line.append(" 2>>").append(out_file_path(error_file).text());
     return line;
 }
 
@@ -212,24 +226,33 @@ int brod_base::exec_brod_cmd(int to_output, int to_errors)
     trace.info("Submit the command -->%s<--", line);
     log_message(messages::MSG0015, line);
     const ustring asked(line);
-    if (make_canned(line, output_file_)) {
-        const char * const old_line = asked.mbcs_str();
-        const char * const new_line = line.mbcs_str();
-        if (!watch.failed())
-            std::printf("Dummy call: <%s> becomes <%s> \n", old_line, new_line);
-    }
+    const bool canned = make_canned(line, output_file_);
+    if (canned)
+        print_dummy_call(asked, line);
 
     const bool runs = complete_ && command_complete_ && !watch.failed();
-    std::fflush(stdout); // ahead of what the command prints there
+    std::fflush(stdout); // before the command prints there
     errno = runs ? 0 : ENOMEM;
     const int result = runs ? platform::run_command(line) : -1;
     const int error = errno;
+    if (runs && !canned)
+        answer_recorder::get().add(tool_cmd_, result, to_output != 0, output_file_);
     if (result != 0) {
         trace.error("The return code was %d errno was %d", result, error);
         log_message(messages::MSG0016, line, result, error);
         return trace.fail(result);
     }
     return trace.leave(result);
+}
+
+void brod_base::record_answers(const pathname & directory)
+{
+    answer_recorder::get().record_to(directory);
+}
+
+const vector & brod_base::recorded_answers()
+{
+    return answer_recorder::get().answers();
 }
 
 ustring brod_base::canned_file(const ustring & command)

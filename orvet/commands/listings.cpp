@@ -1,7 +1,6 @@
 #include "orvet/commands/listings.h"
 
 #include "orvet/cmdline/input_parms.h"
-#include "orvet/commands/lent_path_internal.h"
 #include "orvet/commands/resolve_tokens.h"
 #include "orvet/files/sections.h"
 #include "orvet/foundation/base/memory.h"
@@ -19,7 +18,7 @@ const char * final_name()
 } // namespace
 
 brod_base_ls::brod_base_ls(const ustring & global_name)
-    : brod_base(lent_path("cattmp.out"), lent_path(final_name())), global_name_(global_name)
+    : brod_base(out_file_path("cattmp.out"), out_file_path(final_name())), global_name_(global_name)
 {
     const call_trace trace("brod_base_ls::brod_base_ls");
     memory_watch watch;
@@ -31,6 +30,7 @@ brod_base_ls::brod_base_ls(const ustring & global_name)
 
 brod_base_ls::~brod_base_ls() = default;
 
+/// Traced under the name of the base class, and without an exit line: traces have always shown it so.
 void brod_base_ls::set_local_name()
 {
     const call_trace trace("brod_base::set_local_name");
@@ -54,7 +54,7 @@ void brod_base_ls::set_local_name()
 }
 
 brod_base_lscm::brod_base_lscm(const ustring & target_name, const ustring & gname)
-    : brod_base(lent_path("hsttmp.out"), lent_path(final_name()))
+    : brod_base(out_file_path("hsttmp.out"), out_file_path(final_name()))
 {
     const call_trace trace("brod_base_lscm::brod_base_lscm(target_name, gname)");
     memory_watch watch;

@@ -11,14 +11,14 @@ namespace orvet {
 
 namespace {
 
-/// A token and the place below Brodan's installation path that it stands for.
+/// A token and the directory below Brodan's installation path that replaces it.
 struct token_place {
     const char * token;
     const char * folder;
     bool joins; // what follows is a path element, not plain text
 };
 
-// By rank: where a text holds both, the first counts.
+// In order of precedence, if a text holds both.
 constexpr token_place token_places[] = {
     {"$(REPOSITORY)", "repos", false},
     {"$(FILEPATH)", "", true},

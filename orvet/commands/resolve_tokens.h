@@ -5,10 +5,10 @@
 
 namespace orvet {
 
-/// Replaces the token that a path from Brodan begins with by the real place: "$(REPOSITORY)" by the directory
-/// "repos" below Brodan's installation path, with what follows as plain text; else "$(FILEPATH)" by the
-/// installation path, with what follows as an element of it. Only the first one is replaced, and text in
-/// front of it is dropped. A text without a token stays as it was.
+/// Replaces the token that a path from Brodan begins with: "$(REPOSITORY)" by the directory "repos" below
+/// Brodan's installation path, followed by the rest as plain text; else "$(FILEPATH)" by the installation
+/// path, followed by the rest as a path element. Only the first token is replaced, and text before it is
+/// dropped. A text without a token is unchanged, also if allocation fails.
 ORVET_API void resolve_tokens(ustring & text);
 
 } // namespace orvet

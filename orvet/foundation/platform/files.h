@@ -51,6 +51,8 @@ int copy_permissions(const ustring & from, std::FILE * stream);
 bool exists(const ustring & path);
 /// Whether `path` names a file; false for a directory, pipe or device.
 bool is_file(const ustring & path);
+/// Whether the file is marked as one that nobody writes to, not even whom the system would let.
+bool is_read_only(const ustring & path);
 /// Whether both names lead to the same file.
 bool same_file(const ustring & a, const ustring & b);
 
@@ -71,6 +73,7 @@ ORVET_PLATFORM_CALL(sync_stream);
 ORVET_PLATFORM_CALL(copy_permissions);
 ORVET_PLATFORM_CALL(exists);
 ORVET_PLATFORM_CALL(is_file);
+ORVET_PLATFORM_CALL(is_read_only);
 ORVET_PLATFORM_CALL(same_file);
 
 } // namespace orvet::platform

@@ -161,6 +161,14 @@ bool native::is_file(const ustring & path)
     return name && stat(name, &status) == 0 && S_ISREG(status.st_mode);
 }
 
+bool native::is_read_only(const ustring & path)
+{
+    const char * const name = native_text(path);
+    struct stat status;
+    constexpr mode_t write_permissions = 0222;
+    return name && stat(name, &status) == 0 && (status.st_mode & write_permissions) == 0;
+}
+
 bool native::same_file(const ustring & a, const ustring & b)
 {
     const char * const one = native_text(a);

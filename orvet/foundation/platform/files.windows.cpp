@@ -103,6 +103,13 @@ bool native::is_file(const ustring & path)
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+bool native::is_read_only(const ustring & path)
+{
+    const native_text name(path);
+    const DWORD attributes = name.wide ? GetFileAttributesW(name.wide) : INVALID_FILE_ATTRIBUTES;
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
 bool native::same_file(const ustring & a, const ustring & b)
 {
     const auto identify = [](const ustring & path, BY_HANDLE_FILE_INFORMATION & information) {
