@@ -22,10 +22,18 @@ show ktxsample -cmd records -ini out.txt -obj users -file data/users_bad.txt
 
 show ktxsample -explain MSG0137
 
-printf '\n\033[1mThe same questions to Brodan itself (here a stand-in on the PATH) and to canned files:\033[0m\n'
+printf '\n\033[1mBrodan (here a stand-in on the PATH) is asked, and its answers are recorded:\033[0m\n'
 PATH="$PWD/brod:$PATH"
+mkdir "$work/answers"
+export KTXRECORD="$work/answers"
 show ktxsample -cmd listing -ini found.out -obj APPS.EDITOR.2.1
-show ktxsample -cmd listing -ini found.out -rcmd "dummy canned"
+unset KTXRECORD
+cat "$brdcfg/migr/targets.out" "$brdcfg/migr/found.out" >"$work/from_brodan"
+
+printf '\n\033[1mThe recorded answers are played back:\033[0m\n'
+show ktxsample -cmd listing -ini found.out -obj APPS.EDITOR.2.1 -rcmd "dummy $work/answers"
+cat "$brdcfg/migr/targets.out" "$brdcfg/migr/found.out" >"$work/from_files"
+cmp "$work/from_brodan" "$work/from_files" && printf '\n\033[1mBoth answers are the same.\033[0m\n'
 
 cp data/brod.cfg "$work"
 show ktxsample -cmd server -ini out.txt -dir "$work" -srv TORSRV02
@@ -37,3 +45,10 @@ cat "$work/brod.cfg"
 printf '\n\033[1mThe end of the trace, and the log:\033[0m\n'
 tail -n 5 "$work/ktx1.trc"
 head -n 5 "$work/ktx1.log"
+
+printf '\n\033[1mA scan result file that was cut off, and what its trace says:\033[0m\n'
+rm "$work/ktx1.trc"
+head -n 40 data/scan.res >"$work/cut.res"
+show ktxsample -cmd domains -ini out.txt -file "$work/cut.res" -trc 0
+show ktxtrace --failed
+show ktxtrace

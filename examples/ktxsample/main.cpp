@@ -47,8 +47,9 @@ int main(int argc, char ** argv)
     if (ip.get_ips(argc, argv) != 0 || !ip.validate(profile.mandatory, profile.allowed))
         return explain();
     orvet::setloglevel(ip);
+    const orvet::call_trace trace("ktxsample::main"); // tells the runs in one trace apart
     for (const command & each : commands)
         if (ip.ip_cmd() == each.name)
-            return each.run(ip);
+            return trace.leave(each.run(ip));
     return explain();
 }
