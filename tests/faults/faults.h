@@ -39,6 +39,7 @@ public:
     std::string name() const { return name_.empty() ? "no fault" : name_; }
     /// How often a call was made; "allocation" is one.
     int times(const std::string & call) { return times_[call]; }
+    bool has_met_calls() const { return times_.size() > times_.count("allocation"); }
 
     /// Counts a call that is due. True if it has to fail.
     static bool strikes(const char * call, source of = calls);

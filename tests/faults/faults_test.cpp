@@ -41,7 +41,7 @@ class Fault : public testing::TestWithParam<fault_target> {};
 TEST_P(Fault, LeavesNothingHalfDone)
 {
     for (const bool traced : {true, false}) {
-        const std::vector<outcome> all = runs_of(GetParam(), traced);
+        const std::vector<outcome> & all = runs_of(GetParam(), traced);
         const outcome & whole = all.front();
         for (const outcome & each : all) {
             SCOPED_TRACE(each.fault + (traced ? ", traced" : ""));
@@ -55,7 +55,7 @@ TEST_P(Fault, LeavesNothingHalfDone)
 
 INSTANTIATE_TEST_SUITE_P(Of, Fault, testing::ValuesIn(operations), name_of);
 
-std::vector<outcome> runs_of(const std::string & name)
+const std::vector<outcome> & runs_of(const std::string & name)
 {
     const auto named = [&](const fault_target & o) { return o.name == name; };
     return runs_of(*std::find_if(operations.begin(), operations.end(), named), false);
@@ -111,7 +111,7 @@ class Report : public testing::TestWithParam<report> {};
 
 TEST_P(Report, NamesTheFailure)
 {
-    const std::vector<outcome> all = runs_of(GetParam().operation);
+    const std::vector<outcome> & all = runs_of(GetParam().operation);
     const auto struck = [](const outcome & each) { return each.fault == GetParam().fault; };
     const auto found = std::find_if(all.begin(), all.end(), struck);
     ASSERT_NE(found, all.end());
@@ -129,7 +129,7 @@ std::string configuration(values all)
 
 TEST(Rewrite, LosesNoConfiguration)
 {
-    const std::vector<outcome> all = runs_of("configure");
+    const std::vector<outcome> & all = runs_of("configure");
     const outcome & whole = all.front();
     for (const outcome & each : all) {
         SCOPED_TRACE(each.fault);

@@ -35,7 +35,7 @@ struct outcome {
 };
 
 /// All runs of an operation, first one without a fault.
-std::vector<outcome> runs_of(const fault_target & o, bool traced);
+const std::vector<outcome> & runs_of(const fault_target & o, bool traced);
 
 } // namespace orvet_test
 
