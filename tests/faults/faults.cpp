@@ -74,9 +74,11 @@ int sync_nothing(std::FILE *)
     return 0;
 }
 
-int run_nothing(const ustring &)
+int run_nothing(const ustring & line)
 {
-    return 0;
+    const std::string text(line.mbcs_str(), line.mbcs_length());
+    commands_run += text + "\n";
+    return text.empty() ? -1 : 0;
 }
 
 bool put_stand_ins()
@@ -124,6 +126,7 @@ void fault::begin()
     counted_ = 0;
     name_.clear();
     times_.clear();
+    commands_run.clear();
     at_work_ = this;
 }
 

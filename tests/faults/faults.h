@@ -62,6 +62,8 @@ private:
 /// What the library holds at this moment.
 inline int open_streams = 0;
 inline long blocks_in_use = 0;
+/// The commands that were given to the shell, which ran none.
+inline std::string commands_run;
 
 } // namespace orvet_test
 

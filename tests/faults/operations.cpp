@@ -11,7 +11,7 @@ const std::string longer = "a text longer than what an object holds itself";
 
 // clang-format off
 const values files = {
-    {"scan", "[topology]\ncount = 2\nhq = any,HQ1\nsouth = any,SOUTHERN DOMAIN,push,HQ1\n"
+    {"scan", longer + "\n[topology]\ncount = 2\nhq = any,HQ1," + longer + "\nsouth = any,SOUTHERN DOMAIN,push,HQ1\n"
              "[hq]\ncount = 1\na target\n[south]\ncount = 0\n"},
     {"other", "other"},
     {"agents", "TARGET=first\nOperating_system=WINDOWS_NT\nserver_NAME=" + longer + "\nSERVER_REN_RGN=a\n"
@@ -32,9 +32,11 @@ struct world {
     ustring text{longer.c_str()};
     ustring topology{"[topology]"};
     ustring south{"[south]"};
+    ustring line; // read from a file that is written to
     ustring command{"dummy directory brod lstg -l"};
     ustring tokens{("$(FILEPATH)/" + longer).c_str()};
     vector items;
+    vector copies;
     long number = 0;
     int count = 0;
     char buffer[4] = "old";
@@ -47,6 +49,7 @@ struct world {
     brod_base_ls listing{"an object"};
     int code = code::success;
 
+    world() { copies.push_back(new ustring); }
     bool fails(int result) { return (code = result) != code::success; }
     int write_line() { return stdio_trace_stream(platform::open_stream("log", "a")).writeline("x\n"); }
     /// Ends an operation that doesn't report: what it changes is as before or whole.
@@ -86,16 +89,17 @@ const std::vector<fault_target> operations = {
     fault_target("read", "buffer",
                  [](world & w) {
                      return w.fails(w.file.open("r")) || w.fails(w.file.read(w.buffer, 1, 3)) ||
-                            w.fails(!w.file.get_line(w.text)) || w.fails(w.file.get_pos(&w.number)) ||
+                            w.fails(!w.file.get_line(w.south)) || w.fails(w.file.get_pos(&w.number)) ||
                             w.fails(w.file.close());
                  }),
     fault_target("read_to_the_end", "-",
                  [](world & w) { return w.fails(w.file.open("r")) || w.fails(read_to_the_end(w)); }),
-    fault_target("update", "file scan",
+    fault_target("update", "file",
                  [](world & w) {
-                     return w.fails(w.file.open("r+b")) || w.fails(!w.file.get_line(w.text)) ||
+                     return w.fails(w.file.open("r+b")) || w.fails(!w.file.get_line(w.topology)) ||
                             w.fails(w.file.write("new", 3)) || w.fails(w.file.seek(0, SEEK_SET)) ||
-                            w.fails(!w.file.get_line(w.south)) || w.fails(w.file.close());
+                            w.fails(w.file.write("new", 3)) || w.fails(!w.file.get_line(w.line)) ||
+                            w.fails(w.file.close());
                  }),
     fault_target("write", "file scan",
                  [](world & w) {
@@ -107,7 +111,8 @@ const std::vector<fault_target> operations = {
     fault_target("sections", "-",
                  [](world & w) {
                      return w.fails(w.file.open("r")) || w.fails(w.file.find_section(w.topology)) ||
-                            w.fails(w.file.get_keyval(w.text, w.tokens)) ||
+                            w.fails(!w.file.get_line(w.text)) ||
+                            w.fails(w.file.get_keyval(w.tokens, w.command)) ||
                             w.fails(w.file.seek_section(w.south, &w.count, 1));
                  }),
     fault_target("topology", "item",
@@ -123,7 +128,7 @@ const std::vector<fault_target> operations = {
     fault_target("users", "-", [](world & w) { return w.fails(w.input.get_fips("users", 1, "USER=", 3)); }),
     fault_target("line", "-", [](world & w) { return w.fails(w.profile.set(w.text.insert(0, "send="))); }),
     fault_target("options", "-", [](world & w) { return w.fails(w.options.get_ips(3, w.arguments)); }),
-    fault_target("commands", "-",
+    fault_target("commands", "ran",
                  [](world & w) {
                      w.listing.set_brod_cmd(w.command, 1);
                      return w.fails(brod_base_lscm(w.text, w.south).exec_brod_cmd(0, 0)) ||
@@ -165,14 +170,16 @@ const std::vector<fault_target> operations = {
                  [](world & w) {
                      keep(w.text, w.options.usage({ip_names, ip_names}, "tool"));
                      keep(w.topology, brod_base::canned_file(w.command));
-                     keep(w.tokens, get_token(w.tokens, 0));
-                     keep(w.south, build_server_rr(w.south));
+                     keep(w.command, get_token(w.tokens, 0));
+                     keep(w.south, build_server_rr(w.tokens));
                      return w.is_quiet();
                  }),
     fault_target("objects", "count",
                  [](world & w) {
                      w.items.push_back(new (std::nothrow) ustring(w.text));
                      w.items.push_back(new (std::nothrow) ustring(w.text));
+                     if (w.items.size() == 2)
+                         w.copies = w.items;
                      w.count = static_cast<int>(vector(w.items).size() + w.options.missing(mandatory).size());
                      return w.is_quiet();
                  }),
@@ -216,7 +223,11 @@ values look(world & w)
                   {"text", text_of(w.text)},
                   {"topology", text_of(w.topology)},
                   {"south", text_of(w.south)},
+                  {"file line", text_of(w.line)},
                   {"tokens", text_of(w.tokens)},
+                  {"command", text_of(w.command)},
+                  {"ran", commands_run},
+                  {"copies", std::to_string(w.copies.size())},
                   {"number", std::to_string(std::max(0L, w.number))},
                   {"count", std::to_string(w.count)},
                   {"buffer", w.buffer},
