@@ -1,145 +1,101 @@
-// A `kt_file` that is opened, read, written and moved in any order, beside a string that holds the same
-// bytes. Each step is a byte that says what is done and one that says how much or where.
-#include <algorithm>
-#include <cstdio>
-#include <iterator>
+// A `kt_file` that is read, written, searched, moved and opened anew. The first two bytes choose what the
+// file begins with, the rest of the first line is steps, two bytes each: what, and how much or where. The
+// other lines follow in the file.
 
 #include "fuzz.h"
 
-namespace {
-
-using orvet::ustring;
-using namespace fuzz;
-
-constexpr char path[] = "file.tmp";
-
-constexpr struct {
-    const char * name;
-    bool empties, reads, writes, appends;
-} modes[] = {
-    {"rb", false, true, false, false}, {"r", false, true, false, false}, {"r+b", false, true, true, false},
-    {"wb", true, false, true, false},  {"w+b", true, true, true, false}, {"ab", false, false, true, true},
-    {"a+b", false, true, true, true},
-};
-
-/// The file as it should be.
-struct model {
+/// An open file, what must be in it, and where it must be.
+struct subject {
+    orvet::kt_file file{orvet::pathname("file.tmp")};
     std::string bytes;
-    bool open = false;
-    bool reads = false;
-    bool writes = false;
-    bool appends = false;
-    std::size_t at = 0;
-    long size = 0;
-
-    std::string take(std::size_t count)
-    {
-        const std::string taken = at < bytes.size() ? bytes.substr(at, count) : "";
-        at += taken.size();
-        return taken;
-    }
+    std::string_view rest; // of the bytes, from the position on
+    const char * mode = "r";
 };
 
-void open_file(orvet::kt_file & file, model & m, unsigned char value)
+static void reopen(subject & s, unsigned char choice)
 {
-    const auto & mode = modes[value % std::size(modes)];
-    require(file.open(mode.name) == 0);
-    if (mode.empties)
-        m.bytes.clear();
-    m = {m.bytes, true, mode.reads, mode.writes, mode.appends, 0, static_cast<long>(m.bytes.size())};
+    constexpr const char * modes[] = {"r+b", "rb", "w+b", "a+b", "r"};
+    expect_same("close succeeds", 0, s.file.close());
+    expect_same("the file holds what was written", s.bytes, read_file("file.tmp"));
+    s.mode = modes[choice % std::size(modes)];
+    expect_same("open succeeds", 0, s.file.open(s.mode));
+    s.bytes.resize(*s.mode == 'w' ? 0 : s.bytes.size());
+    s.rest = s.bytes;
 }
 
-void close_file(orvet::kt_file & file, model & m, unsigned char)
+static void get_line(subject & s, unsigned char)
 {
-    require(file.close() == 0);
-    m = {m.bytes};
-    require(read_file(path) == m.bytes);
+    ustring line("none");
+    long position = -1;
+    s.file.get_line(line);
+    expect_same("a line is read byte for byte", s.rest.empty() ? "none" : take_line(s.rest), line);
+    s.file.get_pos(&position);
+    expect_same("the position is after the line", s.bytes.size() - s.rest.size(), position);
 }
 
-void get_line(orvet::kt_file & file, model & m, unsigned char)
-{
-    ustring text("as it was");
-    const std::vector<line> rest = lines_of(m.at < m.bytes.size() ? m.bytes.substr(m.at) : "");
-    const bool found = m.open && !rest.empty();
-    require((file.get_line(text) != 0) == found);
-    require(bytes_of(text) == (found ? rest[0].text : "as it was"));
-    m.at += found ? rest[0].end : 0;
-}
-
-void read_some(orvet::kt_file & file, model & m, unsigned char value)
+static void read(subject & s, unsigned char count)
 {
     char room[256];
-    const std::string taken = m.open ? m.take(value) : "";
-    require(file.read(room, value) == taken.size());
-    require(std::string(room, taken.size()) == taken);
+    const std::string expected(s.rest.substr(0, count));
+    expect_same("bytes are read as they are", expected, std::string(room, s.file.read(room, count)));
+    s.rest.remove_prefix(expected.size());
 }
 
-void read_items(orvet::kt_file & file, model & m, unsigned char value)
+static void write(subject & s, unsigned char count)
 {
-    char room[256];
-    const unsigned size = 1 + value % 4;
-    const unsigned count = value / 4;
-    const std::string taken = m.open ? m.take(size * count) : "";
-    require(file.read(room, size, count) == (!m.open ? 255 : taken.size() == size * count ? 0 : 254));
-}
-
-void write_some(orvet::kt_file & file, model & m, unsigned char value)
-{
-    const std::string block(value, static_cast<char>('a' + value % 26));
-    const short code = value % 2 ? file.write(block.data(), value) : file.write(ustring(block.c_str()));
-    require(code == (m.open ? 0 : 255));
-    if (!m.open || block.empty())
+    if (!std::strchr(s.mode, '+') || count == 0)
         return;
-    m.at = m.appends ? m.bytes.size() : m.at;
-    m.bytes.resize(std::max(m.bytes.size(), m.at + value));
-    m.bytes.replace(m.at, value, block);
-    m.at += value;
+    const std::string block(count, static_cast<char>('a' + count % 26));
+    const short code = count % 2 ? s.file.write(block.data(), count) : s.file.write(text_of(block));
+    expect_same("write succeeds", 0, code);
+    const std::size_t at = s.bytes.size() - (*s.mode == 'a' ? 0 : s.rest.size());
+    s.rest = std::string_view(s.bytes.replace(at, count, block)).substr(at + count);
 }
 
-void seek(orvet::kt_file & file, model & m, unsigned char value)
+static void seek(subject & s, unsigned char back)
 {
-    const std::size_t to = m.bytes.size() - value % (m.bytes.size() + 1); // the end is where it gets tight
-    const long back = static_cast<long>(to) - static_cast<long>(m.bytes.size());
-    const short code = value % 2 ? file.seek(back, SEEK_END) : file.seek(static_cast<long>(to), SEEK_SET);
-    require(code == (m.open ? 0 : 255));
-    m.at = m.open ? to : m.at;
+    const std::size_t to = s.bytes.size() - back % (s.bytes.size() + 1); // the end is where it gets tight
+    const std::size_t at = back % 2 ? 0 : s.bytes.size() - s.rest.size();
+    expect_same("seek succeeds", 0, s.file.seek(static_cast<long>(to - at), back % 2 ? SEEK_SET : SEEK_CUR));
+    s.rest = std::string_view(s.bytes).substr(to);
 }
 
-void ask(orvet::kt_file & file, model & m, unsigned char)
+/// The head is one of the last lines: whole; without its first unit, which may be half of a character; turned
+/// round, so that halves meet others; or with half of a line end.
+static void find_section(subject & s, unsigned char choice)
 {
-    long position = 4711;
-    require(file.get_pos(&position) == (m.open ? 0 : 255));
-    // Not every runtime knows where a stream that appends stands before its bytes are in the file.
-    require(m.appends || position == (m.open ? static_cast<long>(m.at) : 4711));
-    require(file.file_size() == m.size);
+    const std::vector<std::string> lines = lines_of("-\n" + s.bytes);
+    const ustring line = text_of(lines[lines.size() - 1 - choice / 4U % lines.size()]);
+    ustring head(line, choice % 4 == 1 || choice % 4 == 2);
+    head.append(choice % 4 == 2 ? ustring(line, 0, 1) : choice % 4 == 3 ? "\r" : "");
+    bool found = false;
+    while (!found && !s.rest.empty())
+        found = text_of(take_line(s.rest)) == head;
+    expect_same("find_section finds a line that is the head", found ? 0 : -1, s.file.find_section(head));
+    get_line(s, 0);
 }
 
-constexpr struct {
-    void (*take)(orvet::kt_file & file, model & m, unsigned char value);
-    bool reads, writes; // what the mode must allow: else the runtime decides
-} steps[] = {
-    {open_file, false, false}, {close_file, false, false}, {get_line, true, false},
-    {read_some, true, false},  {read_items, true, false},  {write_some, false, true},
-    {seek, false, false},      {ask, false, false},        {get_line, true, false},
-};
-
-const target files("files", [](std::string_view input) {
-    constexpr std::size_t largest = 100000;
-    taker from(input);
-    model m;
-    const unsigned char choice = from.byte();
-    m.bytes = filler(choice, from.byte());
-    for (const char * line_end : {"\n", "\r\n", ""})
-        m.bytes += from.line() + line_end;
-    write_file(path, m.bytes);
-    orvet::kt_file file{orvet::pathname(path)};
-    while (!from.empty() && m.bytes.size() < largest) {
-        const auto & step = steps[from.byte() % std::size(steps)];
-        const unsigned char value = from.byte();
-        if (!m.open || (m.reads >= step.reads && m.writes >= step.writes))
-            step.take(file, m, value);
+void files(std::string_view input)
+{
+    constexpr void (*steps[])(subject &, unsigned char) = {reopen, get_line, read, find_section, write, seek};
+    subject s;
+    const unsigned char choice = take_byte(input);
+    s.bytes = filler(choice, take_byte(input));
+    const std::string row = take_line(input).substr(0, 200);
+    write_file("file.tmp", s.bytes += input);
+    reopen(s, 0);
+    for (std::string_view left = row; !left.empty();) {
+        const auto step = steps[take_byte(left) % std::size(steps)];
+        step(s, take_byte(left));
     }
-    close_file(file, m, 0);
-});
-
-} // namespace
+    reopen(s, 1);
+    std::FILE * const stream = std::fopen("file.tmp", "rb");
+    std::string_view lines = s.bytes;
+    for (ustring line; line.getline(stream); get_line(s, 0))
+        expect_same("a line of a stream is read byte for byte", take_line(lines), line);
+    std::fclose(stream);
+    get_line(s, 0);
+    expect_same("all lines of a stream are read", "", lines);
+    expect_same("all lines of the file are read", "", s.rest);
+    s.file.close();
+}

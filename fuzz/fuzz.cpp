@@ -1,71 +1,97 @@
 #include "fuzz.h"
 
-#include <algorithm>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <limits>
+#include <map>
 
-namespace fuzz {
+// clang-format off
+static const std::map<std::string, void (*)(std::string_view)> targets = {
+    {"cmdline", cmdline}, {"commands", commands}, {"configuration", configuration}, {"files", files},
+    {"input_files", input_files}, {"text", text}, {"topology", topology}, {"trace", trace},
+};
+// clang-format on
 
-namespace {
+static std::string input_file;
+static bool traced = false;
+static std::vector<std::string> shown; // by the run with shut channels
+static std::size_t shown_again = 0;
 
-constexpr char separator = static_cast<char>(std::filesystem::path::preferred_separator);
-constexpr std::string_view separators = "/\\";
+/// Part of a text around a place, in ASCII.
+static std::string excerpt(const std::string & text, std::size_t at)
+{
+    std::string printed;
+    for (const char byte : text.substr(at > 60 ? at - 60 : 0, 160)) {
+        char code[] = {byte, 0, 0, 0, 0};
+        if (byte < ' ' || byte > '~')
+            std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned char>(byte));
+        printed += code;
+    }
+    return printed;
+}
 
-/// Holds each line of a channel against what is said of every line.
+/// How many, where the system lists them; else 0. What Wine shows of the list under it does not count.
+static std::ptrdiff_t open_files()
+{
+    std::error_code none;
+    const char * const list = std::filesystem::path::preferred_separator == '/' ? "/proc/self/fd" : "";
+    return std::distance(std::filesystem::directory_iterator(list, none), {});
+}
+
+/// Checks each line of a channel.
 class examiner : public orvet::trace_stream {
-public:
     int writeline(const char * line) override
     {
-        const std::string_view text(line);
-        require(text.length() < sizeof orvet::work_area::line && text.ends_with('\n'));
-        return static_cast<int>(text.length());
+        const std::string text(line);
+        expect(text.size() < 1024 && text.ends_with('\n'), "a line fits and ends in a line feed", "\n", text);
+        return static_cast<int>(text.size());
     }
 };
 
-} // namespace
-
-const target * target::first = nullptr;
-
-target::target(const char * its_name, void (*its_run)(std::string_view))
-    : name(its_name), run(its_run), next(first)
+void run(const std::string & target, std::string_view input, const std::string & file)
 {
-    first = this;
+    input_file = file;
+    shown.clear();
+    for (const bool open : {false, true}) {
+        traced = open;
+        shown_again = 0;
+        for (orvet::work_area * wa : {&orvet::system_trace::wa(), &orvet::log::wa()}) {
+            orvet::trace::set_stream(*wa, new examiner);
+            orvet::trace::set_level(*wa, open ? 0 : 5);
+        }
+        const auto before = open_files();
+        targets.at(target)(input);
+        expect_same("no file stays open", before, open_files());
+        expect_same("traced and untraced runs show as much", shown.size(), shown_again);
+    }
 }
 
-void run(const target & target, std::string_view input)
+void fail(const char * what, const value & expected, const value & actual)
 {
-    set_gates(input.size() % 2 != 0);
-    target.run(input);
-}
-
-void require(bool holds, const char * file, int line)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "%s:%d: this does not hold\n", file, line);
+    std::size_t at = 0;
+    while (at < expected.size() && at < actual.size() && expected[at] == actual[at])
+        ++at;
+    std::fprintf(stderr, "\nWith trace and log %s this does not hold: %s\n", traced ? "open" : "shut", what);
+    for (const auto & [side, text] : {std::pair("expected", expected), std::pair("actual  ", actual)})
+        std::fprintf(stderr, "  %s: \"%s\" (%zu bytes, shown from near byte %zu on)\n", side,
+                     excerpt(text, at).c_str(), text.size(), at);
+    std::fprintf(stderr, "  input   : %s\n", input_file.c_str());
     std::abort();
 }
 
-void set_gates(bool open)
+void expect_same(const char * what, const value & expected, const value & actual)
 {
-    static const bool examined = [] {
-        for (orvet::work_area * wa : {&orvet::system_trace::wa(), &orvet::log::wa()})
-            orvet::trace::set_stream(*wa, new examiner);
-        return true;
-    }();
-    for (orvet::work_area * wa : {&orvet::system_trace::wa(), &orvet::log::wa()})
-        orvet::trace::set_level(*wa, examined && open ? 0 : 5);
+    expect(expected == actual, what, expected, actual);
+}
+
+void show(const char * what, const value & actual)
+{
+    if (!traced)
+        shown.push_back(what + (": " + actual));
+    expect_same("traced and untraced runs agree", shown.at(shown_again++), what + (": " + actual));
 }
 
 void write_file(const char * name, std::string_view bytes)
 {
-    std::FILE * const file = std::fopen(name, "wb");
-    require(file && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size());
-    std::fclose(file);
+    std::ofstream(name, std::ios::binary) << bytes;
 }
 
 std::string read_file(const char * name)
@@ -76,122 +102,37 @@ std::string read_file(const char * name)
 
 std::string filler(unsigned char choice, unsigned char at)
 {
-    constexpr std::size_t line_length = 1024;
-    const std::size_t size = choice == 'b' ? 4096 : choice == 'B' ? 65536 : 0;
-    std::string lines(size == 0 ? 0 : size - at, 'x');
-    for (std::size_t end = lines.size(); end > 0; end -= std::min(end, line_length))
+    std::string lines((choice == 'b' ? 4096 : choice == 'B' || choice == 'L' ? 65536 : at) - at, 'x');
+    for (std::size_t end = choice == 'L' ? 0 : lines.size(); end > 0; end -= std::min<std::size_t>(end, 1024))
         lines[end - 1] = '\n';
     return lines;
 }
 
-std::string native_text(const std::string & bytes)
+ustring text_of(std::string_view bytes)
 {
-    static const std::string line_end = [] {
-        std::ofstream("line_end.tmp") << '\n';
-        return read_file("line_end.tmp");
-    }();
-    std::string text;
-    std::size_t from = 0;
-    for (std::size_t feed; (feed = bytes.find('\n', from)) != std::string::npos; from = feed + 1)
-        text.append(bytes, from, feed - from).append(line_end);
-    return text.append(bytes, from);
+    return ustring().assign(bytes.data(), bytes.size());
 }
 
-std::string bytes_of(const orvet::ustring & text)
+unsigned char take_byte(std::string_view & input)
 {
-    return {text.mbcs_str(), text.mbcs_length()};
-}
-
-std::vector<orvet::ustring> texts_of(std::string_view file)
-{
-    write_file("texts.tmp", file);
-    std::FILE * const stream = std::fopen("texts.tmp", "rb");
-    std::vector<orvet::ustring> texts;
-    for (orvet::ustring text; text.getline(stream);)
-        texts.push_back(text);
-    std::fclose(stream);
-    return texts;
-}
-
-std::vector<line> lines_of(std::string_view file)
-{
-    std::vector<line> lines;
-    for (std::size_t begin = 0; begin < file.size();) {
-        const std::size_t feed = file.find('\n', begin);
-        const bool ended = feed != std::string_view::npos;
-        std::string_view text = file.substr(begin, ended ? feed - begin : feed);
-        if (ended && text.ends_with('\r'))
-            text.remove_suffix(1);
-        begin = ended ? feed + 1 : file.size();
-        lines.push_back({std::string(text), begin});
-    }
-    return lines;
-}
-
-std::vector<std::string> split(std::string_view text, char at)
-{
-    std::vector<std::string> parts(1);
-    for (const char byte : text)
-        if (byte == at)
-            parts.emplace_back();
-        else
-            parts.back() += byte;
-    return parts;
-}
-
-std::string upper(std::string text)
-{
-    for (char & byte : text)
-        if (byte >= 'a' && byte <= 'z')
-            byte = static_cast<char>(byte - 'a' + 'A');
-    return text;
-}
-
-std::string stripped_front(const std::string & text)
-{
-    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
-}
-
-std::string stripped(const std::string & text)
-{
-    return stripped_front(text.substr(0, text.find_last_not_of(' ') + 1));
-}
-
-bool begins_with(const std::string & text, std::string_view key)
-{
-    return upper(text.substr(0, key.size())) == key;
-}
-
-int number(const std::string & text)
-{
-    constexpr long least = std::numeric_limits<int>::min();
-    constexpr long most = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(std::strtol(text.c_str(), nullptr, 10), least, most));
-}
-
-std::string joined(const std::string & path, const std::string & element)
-{
-    if (element.empty())
-        return path;
-    const std::string bare = element.substr(std::min(element.find_first_not_of(separators), element.size()));
-    const bool open = path.empty() || separators.find(path.back()) != std::string_view::npos;
-    return path + (open ? "" : std::string(1, separator)) + bare;
-}
-
-unsigned char taker::byte()
-{
-    if (rest_.empty())
-        return 0;
-    const char byte = rest_.front();
-    rest_.remove_prefix(1);
+    const char byte = input.empty() ? '\0' : input.front();
+    input.remove_prefix(!input.empty());
     return static_cast<unsigned char>(byte);
 }
 
-std::string taker::line()
+std::string take_line(std::string_view & file)
 {
-    const std::string_view line = rest_.substr(0, rest_.find('\n'));
-    rest_.remove_prefix(std::min(line.size() + 1, rest_.size()));
+    const std::size_t feed = file.find('\n');
+    std::string_view line = file.substr(0, feed);
+    file.remove_prefix(std::min(line.size() + 1, file.size()));
+    line.remove_suffix(feed != file.npos && line.ends_with('\r'));
     return std::string(line);
 }
 
-} // namespace fuzz
+std::vector<std::string> lines_of(std::string_view file)
+{
+    std::vector<std::string> lines;
+    while (!file.empty())
+        lines.push_back(take_line(file));
+    return lines;
+}

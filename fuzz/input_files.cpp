@@ -1,122 +1,86 @@
-// Whole input files, beside a reader made of the records' model. The first byte chooses the kind and the
-// separator, the rest is the file.
-#include "record_model.h"
+// Whole input files, and their lines one by one. The first byte chooses the kind of file, the rest is the
+// file.
+#include "fuzz.h"
+using namespace orvet;
 
-namespace {
+// clang-format off
+constexpr std::pair<int, const char *> kinds[] = {{1, "TARGET="}, {2, "PROFILE NAME="}, {3, "USER="}, {1, "SERVER_NAME="}, {1, ""}, {2, "SEND="},
+             {3, "AUTHORIZATION P"}, {4, "TARGET="}};
 
-using orvet::ustring;
-using namespace fuzz;
+static std::vector<ustring> values(const VXA_inst_info & r) {
+    return {r.op_system(), r.server_name(), r.server_ren_rgn(), r.gateway_ip_address(), r.gateway_port_number(),
+            r.agent_name(), r.agent_port_number(), r.agent_inst_path(), r.images_server_name(), r.exported_dir(),
+            r.mount_point(), r.mount_options(), r.export_options()}; }
 
-constexpr char path[] = "input.tmp";
+static std::vector<ustring> values(const auth_profile_info & r) {
+    return {r.usProfileName(), r.usManageAll(), r.usCMInstall(), r.usCMActivate(), r.usCMExecute(),
+            r.usCMAuthorize(), r.usPreparation(), r.usPreparationModi(), r.usPreparationView(), r.usSend(), r.usRDR(),
+            r.usQueues(), r.usQueuesManage(), r.usQueuesView(), r.usSysAdmin(), r.usSysAdminModi(),
+            r.usSysAdminView(), r.usConfiguration(), r.usConfigurationModi(), r.usConfigurationView(),
+            r.usPurgeRequests(), r.usManageRequestes()}; }
 
-/// The line as records get it.
-std::string tidy(const std::string & line)
+static std::vector<ustring> values(const user_info & r) { return {r.usUserName(), r.usProfileName()}; }
+// clang-format on
+
+/// All that shows of a record. What is in it comes from the file, and can be set in another one.
+template <class Record>
+static std::string described(const Record & record, const value & file)
 {
-    const std::string text = stripped(line);
-    const std::size_t equals = text.find('=');
-    return upper(text.substr(0, equals)) + (equals == std::string::npos ? "" : text.substr(equals));
+    const std::vector<ustring> texts = values(record);
+    const char * const * keyword = fip_names + (texts.size() == 13 ? 0 : texts.size() == 22 ? 14 : 36);
+    Record copy;
+    value all(record.validate());
+    for (const ustring & text : texts) {
+        const bool given = record.fip(*keyword);
+        all.append(*keyword) += value(text) + (given ? "\n" : " is not given\n");
+        expect(!given || file.has(value(text)), "a value is read byte for byte", file, text);
+        const ustring bare = ustring(text).strip(ustring::strip_both, u' ');
+        expect(!given || bare == text, "a value has no blanks around it", bare, text);
+        copy.set(ustring(given ? *keyword : "").append(text));
+        ++keyword;
+    }
+    expect(values(copy) == texts, "what is written is read back", all, "another record");
+    return all;
 }
 
 template <class Record>
-struct reading {
-    using model = record_model<Record>;
-    static constexpr bool is_agent = kind<Record>::is_agent;
-
-    std::vector<model> done; // of agents all that have been begun
-    std::size_t line = 0;    // where it failed, from 1; 0 when there is no such line
-    std::size_t head = 0;    // the first line of the section
-    int section = 0;
-
-    short read(const std::vector<fuzz::line> & lines, const std::string & separator)
-    {
-        constexpr int most_agents = 4;
-        model current{Record()};
-        for (line = 1; line <= lines.size(); ++line) {
-            const std::string text = tidy(lines[line - 1].text);
-            if (text.empty() || text[0] == '#' || text[0] == '[')
-                continue;
-            if (text.starts_with(separator)) {
-                if (section != 0 && !current.validate())
-                    return keep(current), line = head, short{102};
-                head = line;
-                if (section++ != 0 || is_agent) {
-                    done.push_back(current);
-                    current = model(Record());
-                }
-                if (is_agent && section > most_agents)
-                    return 18;
-            }
-            if (const short code = current.set(text))
-                return keep(current), code;
-        }
-        const bool valid = current.validate();
-        line = valid ? 0 : head;
-        if (valid || is_agent)
-            done.push_back(current);
-        section = valid ? 0 : section;
-        return valid ? 0 : 102;
-    }
-
-private:
-    void keep(const model & current)
-    {
-        if (is_agent)
-            done.push_back(current);
-    }
-};
-
-template <class Record>
-void read_file(std::string_view file, const char * separator, int file_type)
+static void set_lines(const value & file)
 {
-    const std::vector<line> lines = lines_of(file);
-    reading<Record> expected;
-    const short code = expected.read(lines, separator);
-    orvet::file_input_parms input;
-    require(input.get_fips(path, 1, separator, file_type) == code);
-    require(input.error_line() == static_cast<int>(expected.line));
-    require(input.error_section() == expected.section);
-    require(bytes_of(input.error_text()) == (expected.line == 0 ? "" : lines[expected.line - 1].text));
-    if constexpr (kind<Record>::is_agent) {
-        require(input.index() == static_cast<int>(expected.done.size()) + (code == 18));
-        for (int i = 0; i < 5; ++i)
-            require(record_model(input.input_info(i)) == (static_cast<std::size_t>(i) < expected.done.size()
-                                                              ? expected.done[static_cast<std::size_t>(i)]
-                                                              : record_model(Record())));
-    } else {
-        require(input.index() == 1 && input.arSections().size() == expected.done.size());
-        for (unsigned i = 0; i < expected.done.size(); ++i)
-            require(record_model(dynamic_cast<Record &>(*input.arSections()[i])) == expected.done[i]);
+    Record record;
+    for (const std::string & line : lines_of(file)) {
+        const std::vector<ustring> before = values(record);
+        const short code = record.set(text_of(line));
+        expect(code == 0 || values(record) == before, "a refused line changes nothing", "", line);
+        show("code of set", code);
     }
+    show("record", described(record, file));
 }
 
-/// A kind that there is no record for never ends well.
-void read_unknown(std::string_view, const char * separator, int file_type)
+void input_files(std::string_view input)
 {
-    orvet::file_input_parms input;
-    require(input.get_fips(path, 1, separator, file_type) == 102);
-    require(input.index() == 1 && input.arSections().size() == 0);
+    const auto & [type, separator] = kinds[take_byte(input) % std::size(kinds)];
+    write_file("input.tmp", input);
+    file_input_parms parms;
+    const short code = parms.get_fips("input.tmp", 1, separator, type);
+    show("code", code);
+    for (int i = 0; i < 5; ++i)
+        show("agent", described(parms.input_info(i), input));
+    const vector & records = parms.arSections();
+    for (unsigned i = 0; i < records.size() && type == 2; ++i)
+        show("profile", described(dynamic_cast<auth_profile_info &>(*records[i]), input));
+    for (unsigned i = 0; i < records.size() && type == 3; ++i)
+        show("user", described(dynamic_cast<user_info &>(*records[i]), input));
+    unsigned sections = type == 1; // an agent's record 0 is that before the first section
+    const std::vector<std::string> lines =
+        lines_of(std::string("\n").append(input)); // the first is for no error
+    for (const std::string & line : lines)
+        sections += text_of(line).strip(ustring::strip_front, u' ').to_upper().begins_with(separator);
+    const unsigned read = type == 1 ? static_cast<unsigned>(parms.index()) : records.size();
+    if (code == 0 && *separator)
+        expect_same("each section is a record", sections == 0 ? 1 : sections, read);
+    expect_same("an error has its line", lines.at(static_cast<unsigned>(parms.error_line())),
+                parms.error_text());
+    set_lines<VXA_inst_info>(input);
+    set_lines<auth_profile_info>(input);
+    set_lines<user_info>(input);
 }
-
-constexpr struct {
-    void (*read)(std::string_view file, const char * separator, int file_type);
-    int file_type;
-    const char * separator;
-} kinds[] = {
-    {read_file<orvet::VXA_inst_info>, 1, "TARGET="},
-    {read_file<orvet::auth_profile_info>, 2, "PROFILE NAME="},
-    {read_file<orvet::user_info>, 3, "USER="},
-    {read_file<orvet::VXA_inst_info>, 1, "SERVER_NAME="},
-    {read_file<orvet::VXA_inst_info>, 1, ""},
-    {read_file<orvet::auth_profile_info>, 2, "SEND="},
-    {read_file<orvet::user_info>, 3, "AUTHORIZATION P"},
-    {read_unknown, 4, "TARGET="},
-};
-
-const target input_files("input_files", [](std::string_view input) {
-    taker from(input);
-    const auto & each = kinds[from.byte() % std::size(kinds)];
-    write_file(path, from.rest());
-    each.read(from.rest(), each.separator, each.file_type);
-});
-
-} // namespace

@@ -1,10 +1,11 @@
-#include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 
 #include "fuzz.h"
 
+/// Runs the target that the environment names.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t * data, std::size_t size)
 {
-    fuzz::run(*fuzz::target::first, {reinterpret_cast<const char *>(data), size});
+    run(std::getenv("FUZZ_TARGET"), {reinterpret_cast<const char *>(data), size}, "named below");
     return 0;
 }
