@@ -16,11 +16,11 @@ namespace orvet {
 ///     if (cfg.load() != 0 || cfg.set_server(2) != 0)
 ///         puts(cfg.error_text().mbcs_str());
 ///
-/// The file is a text of lines. Blanks at the ends of a line and empty lines are of no account. Lines that
-/// begin with "SERVER:", in any case, are server lines, of which the first names the server in use; all
-/// others are generic lines and are never interpreted, but for the two that name the target. Any bytes inside
-/// a line are kept. The class writes neither trace nor log. No lock is taken: two processes must not work on
-/// the same directory at once. Objects can't be copied.
+/// The file is a text of lines. Blanks at the ends of a line and empty lines are ignored. Lines that begin
+/// with "SERVER:", in any case, are server lines, of which the first names the server in use; all others are
+/// generic lines and are never interpreted, except the two that name the target. Any bytes inside a line are
+/// kept. The class writes neither trace nor log. Several processes may work on one file; within a process,
+/// one thread. Objects can't be copied.
 class ORVET_API scan_cfg {
 public:
     /// For the file of that path, whose last 8 characters are "brod.cfg". Reads nothing yet.
@@ -29,27 +29,31 @@ public:
     scan_cfg & operator=(const scan_cfg &) = delete;
     ~scan_cfg() = default;
 
-    /// Reads the file. 250, told on standard output too, when it can't be opened or read to its end or memory
-    /// is short; the object is then as it was. A second call adds to what the first one stored.
+    /// Reads the file. 250, reported on standard output too, if it can't be opened or read to its end or if
+    /// allocation fails; the object is then unchanged. So it is for the moment between the two renames of a
+    /// rewrite by another process: try again. A second call adds to what the first one stored.
     int load();
 
     /// Makes server `n`, from 1 in the order of `server_lines`, the first of the file. The new file holds the
     /// generic lines, that server line and the other ones; the object stays as loaded.
     ///
-    /// The new text goes to "brod.tmp" beside the file, with the file's permissions, and has to be on the
-    /// disk before the file becomes "brod.bak" and "brod.tmp" the file. A process that ends halfway leaves
-    /// either the file or both of the others; `recover` mends that.
+    /// The new text goes to "brod.tmp" beside the file, which gets the file's owner and permissions before
+    /// the text, and has to be on the disk before the file becomes "brod.bak" and "brod.tmp" the file. While
+    /// a process is at work, others get 250. A process that is killed between the two renames leaves no file;
+    /// `recover` mends that. What was changed in the file since `load` is not in the new one.
     ///
     /// 0 for success, also for an `n` of 1, where nothing is done. Failures:
     ///   1    no such server; nothing touched
-    ///   250  "brod.tmp" can't be made; the file is untouched
-    ///   251  "brod.tmp" can't be written whole; the file and "brod.bak" are untouched
-    ///   261  the file can't be renamed, or "brod.tmp" can't take its place. The file is the old one; or,
-    ///        when even the way back failed, absent, its text in "brod.bak". The new text is in "brod.tmp"
+    ///   250  "brod.tmp" can't be made, or another process is at work on it; nothing touched
+    ///   251  "brod.tmp" can't be written whole, or is a device; the file and "brod.bak" are untouched
+    ///   261  the file is gone or can't be renamed, or "brod.tmp" can't take its place. The file is the old
+    ///        one; or, if even the recovery failed, absent, its text in "brod.bak". The new text is in
+    ///        "brod.tmp". The former "brod.bak" is gone
     int set_server(int n);
 
-    /// Puts "brod.bak" back in place of a file that isn't there. 0 when done or the file is there, 250 when
-    /// there is no backup to take, 261 when it can't be renamed. `load` never does this by itself.
+    /// Puts "brod.bak" back in place of a missing file. 0 when done or if the file is there, 250 if there is
+    /// no backup or another process is at work, 261 if the backup can't be renamed. `load` never does this by
+    /// itself.
     static int recover(const ustring & cfg_file);
 
     /// What the last `load` or `set_server` failed on; empty after a success.
@@ -86,7 +90,7 @@ private:
     bool write_new_text(unsigned first);
     bool write_lines(unsigned first) const;
     bool close_stream();
-    int replace_file(const ustring & temporary, const ustring & backup);
+    int replace_file(class temporary_file & temporary, const ustring & backup);
     template <class... Args>
     int fail(int rc, const char * format, const Args &... args);
 

@@ -5,8 +5,10 @@
 #include <functional>
 #include <type_traits>
 
+#include "orvet/foundation/platform/entries.h"
 #include "orvet/foundation/platform/files.h"
 #include "orvet/foundation/platform/processes.h"
+#include "orvet/foundation/platform/rewrite.h"
 
 using namespace orvet;
 using namespace orvet_test;
@@ -43,6 +45,14 @@ std::FILE * open_stream(const ustring & path, const char * mode)
     return stream;
 }
 
+template <auto Open, class Argument>
+std::FILE * open_counted(Argument argument)
+{
+    std::FILE * const stream = Open(argument);
+    open_streams += stream != nullptr;
+    return stream;
+}
+
 int close_stream(std::FILE * stream)
 {
     --open_streams;
@@ -74,6 +84,11 @@ int sync_nothing(std::FILE *)
     return 0;
 }
 
+int sync_no_directory(const ustring &)
+{
+    return 0;
+}
+
 int run_nothing(const ustring & line)
 {
     const std::string text(line.mbcs_str(), line.mbcs_length());
@@ -94,7 +109,24 @@ bool put_stand_ins()
     stand_in<platform::remove_file>::put("remove_file");
     stand_in<platform::rename_file>::put("rename_file");
     stand_in<platform::sync_stream>::put("sync_stream", stand_in<platform::sync_stream>::fail, sync_nothing);
+    stand_in<platform::kind_of>::put("kind_of");
+    stand_in<platform::compare_entries>::put("compare_entries");
+    stand_in<platform::is_link_to>::put("is_link_to");
+    stand_in<platform::change_case>::put("change_case");
+    // A hold always ends: no system keeps that from happening.
+    stand_in<platform::create_held>::put("create_held");
+    stand_in<platform::hold>::put("hold");
+    stand_in<platform::is_held_at>::put("is_held_at");
+    stand_in<platform::remove_held>::put("remove_held");
+    stand_in<platform::rename_held>::put("rename_held");
+    stand_in<platform::open_held>::put("open_held", stand_in<platform::open_held>::fail,
+                                       open_counted<platform::native::open_held, platform::held_entry>);
+    stand_in<platform::open_shared>::put("open_shared", stand_in<platform::open_shared>::fail,
+                                         open_counted<platform::native::open_shared, const ustring &>);
+    stand_in<platform::copy_owner>::put("copy_owner");
     stand_in<platform::copy_permissions>::put("copy_permissions");
+    stand_in<platform::sync_directory>::put("sync_directory", stand_in<platform::sync_directory>::fail,
+                                            sync_no_directory);
     stand_in<platform::exists>::put("exists");
     stand_in<platform::is_file>::put("is_file");
     stand_in<platform::same_file>::put("same_file");

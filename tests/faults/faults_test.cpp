@@ -107,9 +107,9 @@ const report reports[] = {
      "i/o error writing file [brod.tmp]"},
     {"no backup can be made", "configure", "rename_file, 1st call, once", code::replace_failed,
      "error backing up [brod.cfg] file"},
-    {"the new text can't take its place", "configure", "rename_file, 2nd call, once", code::replace_failed,
+    {"the new text can't take its place", "configure", "rename_held, 1st call, once", code::replace_failed,
      "error replacing [brod.cfg] file; recovery [succeeded]"},
-    {"the old text can't come back", "configure", "rename_file, 2nd call, from then on", code::replace_failed,
+    {"the old text can't come back", "configure", "rename_held, 1st call, from then on", code::replace_failed,
      "error replacing [brod.cfg] file; recovery [failed]"},
 };
 

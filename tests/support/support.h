@@ -228,6 +228,15 @@ extern const char * const killed_command;
 /// Opens a file, made if need be, with access for nobody else until the result goes; null where nobody is
 /// kept out.
 std::shared_ptr<void> hold_file(const char * name);
+/// Lets no file grow beyond so many bytes, as a full disk does; -1 lifts that. False where there is no such
+/// limit.
+bool limit_files(long bytes);
+/// Makes a named pipe; false where there is none.
+bool make_pipe(const char * name);
+/// Gives a file to a group that the process is not in; false where that can't be done.
+bool give_to_another_group(const char * file);
+/// Sets the variable TZ and has the runtime read it.
+void set_time_zone(const char * name);
 /// Ends the process as a power cut does: nothing is flushed or closed.
 [[noreturn]] void die();
 

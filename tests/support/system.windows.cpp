@@ -1,5 +1,6 @@
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 
 #include <windows.h>
 
@@ -41,6 +42,23 @@ std::shared_ptr<void> hold_file(const char * name)
     return {CreateFileA(name, GENERIC_READ, 0, nullptr, OPEN_ALWAYS, 0, nullptr), CloseHandle};
 }
 
+bool limit_files(long)
+{
+    return false;
+}
+bool make_pipe(const char *)
+{
+    return false;
+}
+bool give_to_another_group(const char *)
+{
+    return false;
+}
+void set_time_zone(const char * name)
+{
+    set_variable("TZ", name);
+    _tzset();
+}
 void die()
 {
     TerminateProcess(GetCurrentProcess(), 9);

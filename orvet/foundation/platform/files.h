@@ -43,10 +43,6 @@ int rename_file(const ustring & from, const ustring & to);
 /// Writes what has been flushed to the disk. 0 for success, also if the stream's file system or device does
 /// not support it.
 int sync_stream(std::FILE * stream);
-/// Gives the file of `stream` the permissions of the file `from`, and its owner if the system allows it. 0
-/// for success, also if there is nothing to do: no file `from`, a stream that is not a file, or a system
-/// whose directories decide.
-int copy_permissions(const ustring & from, std::FILE * stream);
 /// Whether a file, directory or device of that name exists.
 bool exists(const ustring & path);
 /// Whether `path` names a file; false for a directory, pipe or device.
@@ -70,7 +66,6 @@ ORVET_PLATFORM_CALL(set_text_mode);
 ORVET_PLATFORM_CALL(remove_file);
 ORVET_PLATFORM_CALL(rename_file);
 ORVET_PLATFORM_CALL(sync_stream);
-ORVET_PLATFORM_CALL(copy_permissions);
 ORVET_PLATFORM_CALL(exists);
 ORVET_PLATFORM_CALL(is_file);
 ORVET_PLATFORM_CALL(is_read_only);

@@ -11,10 +11,6 @@
 
 #include "orvet/foundation/platform/native_text.h"
 
-#ifdef __linux__
-#include <sys/xattr.h>
-#endif
-
 namespace orvet::platform {
 
 namespace {
@@ -39,27 +35,6 @@ std::FILE * move_above_stderr(std::FILE * stream, const char * mode)
     give_up(stream);
     return moved;
 }
-
-#ifdef __linux__
-/// Gives `file` the access list and the permissions of the file `name`; a list that it has from its directory
-/// is removed.
-int copy_access(const char * name, mode_t permissions, int file)
-{
-    constexpr char key[] = "system.posix_acl_access";
-    char list[4096];
-    const ssize_t size = getxattr(name, key, list, sizeof list);
-    if (size > 0)
-        return fsetxattr(file, key, list, static_cast<std::size_t>(size), 0);
-    const bool has_none =
-        errno != ERANGE && (fremovexattr(file, key) == 0 || errno == ENODATA || errno == ENOTSUP);
-    return has_none ? fchmod(file, permissions) : -1;
-}
-#else
-int copy_access(const char *, mode_t permissions, int file)
-{
-    return fchmod(file, permissions);
-}
-#endif
 
 } // namespace
 
@@ -122,30 +97,6 @@ int native::sync_stream(std::FILE * stream)
         return 0;
     constexpr int unsupported[] = {EINVAL, ENOSYS, ENOTSUP, EROFS}; // by what the stream writes to
     return std::find(std::begin(unsupported), std::end(unsupported), errno) != std::end(unsupported) ? 0 : -1;
-}
-
-int native::copy_permissions(const ustring & from, std::FILE * stream)
-{
-    const char * const name = native_text(from);
-    const int file = fileno(stream);
-    struct stat old_status;
-    struct stat status;
-    if (!name || stat(name, &old_status) != 0)
-        return 0;
-    if (fstat(file, &status) != 0)
-        return -1;
-    if (!S_ISREG(status.st_mode))
-        return 0;
-    constexpr mode_t permissions = 0777;
-    if (copy_access(name, old_status.st_mode & permissions, file) != 0)
-        return -1;
-    // Whoever may not give a file away may still give it to a group of his own.
-    const uid_t same_owner = static_cast<uid_t>(-1);
-    [[maybe_unused]] const bool given =
-        (old_status.st_uid == status.st_uid && old_status.st_gid == status.st_gid) ||
-        fchown(file, old_status.st_uid, old_status.st_gid) == 0 ||
-        fchown(file, same_owner, old_status.st_gid) == 0;
-    return 0;
 }
 
 bool native::exists(const ustring & path)

@@ -85,11 +85,6 @@ int native::sync_stream(std::FILE * stream)
     return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ? 0 : -1;
 }
 
-int native::copy_permissions(const ustring &, std::FILE *)
-{
-    return 0;
-}
-
 bool native::exists(const ustring & path)
 {
     const native_text name(path);

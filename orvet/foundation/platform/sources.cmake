@@ -1,7 +1,7 @@
 # What the platform layer is made of on this system. A new system is added here and beside this file.
 include(CheckCXXSourceCompiles)
 
-set(platform_concerns errors files native_text processes)
+set(platform_concerns entries errors files native_text processes rewrite)
 if(WIN32)
   set(platform_system windows)
   set(platform_heap windows)
@@ -21,5 +21,7 @@ foreach(concern IN LISTS platform_concerns)
   list(APPEND platform_sources foundation/platform/${concern}.${platform_system}.cpp)
 endforeach()
 if(WIN32)
-  list(APPEND platform_sources foundation/platform/load.windows.cpp)
+  list(APPEND platform_sources foundation/platform/handles.windows.cpp foundation/platform/load.windows.cpp)
+else()
+  list(APPEND platform_sources foundation/platform/access.posix.cpp)
 endif()
