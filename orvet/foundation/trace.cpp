@@ -1,5 +1,7 @@
 #include "orvet/foundation/trace.h"
 
+#include <cerrno>
+#include <clocale>
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
@@ -12,6 +14,7 @@
 #include "orvet/foundation/base/number.h"
 #include "orvet/foundation/environment.h"
 #include "orvet/foundation/format.h"
+#include "orvet/foundation/platform/channels.h"
 #include "orvet/foundation/platform/errors.h"
 #include "orvet/foundation/platform/files.h"
 
@@ -29,14 +32,42 @@ constexpr int silent = 6;
 // `wa()`, which opens the channel and puts its real first level in place.
 constexpr work_area untouched{std::numeric_limits<int>::min(), nullptr, {}, 0, 0, nullptr};
 
-/// The local time, as lines begin with it. The text of a second is made once.
+/// A text that is compared with what it was before, to see a change.
+class watched_text {
+public:
+    /// Whether `text` differs from that of the last call; always, if it is too long to be kept. Null is a
+    /// text of its own.
+    bool changes_to(const char * text)
+    {
+        const std::size_t length = text ? std::strlen(text) + 1 : 0;
+        if (length == length_ && (length == 0 || std::memcmp(kept_, text, length) == 0))
+            return false;
+        length_ = length <= sizeof kept_ ? length : unknown;
+        if (length_ == length && text)
+            std::memcpy(kept_, text, length);
+        return true;
+    }
+
+private:
+    static constexpr std::size_t unknown = static_cast<std::size_t>(-1);
+
+    std::size_t length_ = unknown; // with the zero; 0 for null
+    char kept_[64];
+};
+
+/// The local time, as lines begin with it. The text is made anew when the second, the time zone or the locale
+/// is another one.
 std::string_view current_time()
 {
     static std::time_t second = -1;
+    static watched_text zone;
+    static watched_text locale;
     static char text[sizeof(work_area::line)];
     static std::size_t length = 0;
     const std::time_t now = std::time(nullptr);
-    if (now != second) {
+    const bool zone_changes = zone.changes_to(std::getenv("TZ"));
+    const bool locale_changes = locale.changes_to(std::setlocale(LC_TIME, nullptr));
+    if (now != second || zone_changes || locale_changes) {
         const std::tm * const local = std::localtime(&now);
         length = local ? std::strftime(text, sizeof text, "%c", local) : 0;
         second = now;
@@ -90,21 +121,19 @@ void open_channel(work_area & area, int first_level, const char * file_name)
 
 } // namespace
 
-stdio_trace_stream::stdio_trace_stream(const char * file_name)
+stdio_trace_stream::stdio_trace_stream(const char * file_name) : path_(environment::kt_inst_path())
 {
     const line_memory apart;
     memory_watch watch;
-    pathname path(environment::kt_inst_path());
-    if (path.text().length() != 0)
-        path += file_name;
+    if (path_.text().length() != 0)
+        path_ += file_name;
     else
-        path = file_name;
-    stream_ = watch.failed() ? nullptr : platform::open_stream(path.text(), "a+t");
-    if (stream_)
-        std::setvbuf(stream_, nullptr, _IONBF, 0); // a line is one write
+        path_ = file_name;
+    stream_ = watch.failed() ? nullptr : platform::open_channel(path_.text());
+    by_name_ = stream_ != nullptr;
     if (!stream_) {
         stream_ = stderr;
-        std::fprintf(stderr, "Could not open trace file ->%s<-, logging on stderr\n", path.mbcs_str());
+        std::fprintf(stderr, "Could not open trace file ->%s<-, logging on stderr\n", path_.mbcs_str());
     }
 }
 
@@ -119,8 +148,29 @@ int stdio_trace_stream::writeline(const char * line)
     if (!stream_ || !line)
         return -1;
     const std::size_t length = std::strlen(line);
-    const std::size_t written = platform::write(stream_, line, length);
-    return platform::flush(stream_) == 0 && written == length ? static_cast<int>(length) : -1;
+    errno = 0;
+    const bool written = by_name_ ? append(line, length) : platform::write(stream_, line, length) == length;
+    if ((!by_name_ && platform::flush(stream_) != 0) || !written)
+        report_loss(errno);
+    return written ? static_cast<int>(length) : -1;
+}
+
+/// Adds a line to the file, after the end of a line that is torn. False if not all of it is in the file.
+bool stdio_trace_stream::append(const char * line, std::size_t length)
+{
+    if (is_torn_ && platform::append_line(stream_, "\n", 1) != 1)
+        return false;
+    const std::size_t written = platform::append_line(stream_, line, length);
+    is_torn_ = written != 0 && written < length && line[written - 1] != '\n';
+    return written == length;
+}
+
+void stdio_trace_stream::report_loss(int error)
+{
+    if (std::exchange(loss_reported_, true) || stream_ == stderr)
+        return;
+    std::fprintf(stderr, "Could not write trace file ->%s<-, lines are lost: %s\n",
+                 by_name_ ? path_.mbcs_str() : "(stream)", std::strerror(error));
 }
 
 void trace::set_level(work_area & wa, int level)

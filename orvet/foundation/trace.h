@@ -1,6 +1,7 @@
 #ifndef ORVET_FOUNDATION_TRACE_H
 #define ORVET_FOUNDATION_TRACE_H
 
+#include <cstddef>
 #include <cstdio>
 #include <string_view>
 
@@ -20,22 +21,35 @@ public:
     virtual int writeline(const char * line) = 0;
 };
 
-/// Lines to a file of the standard library; each is on disk when `writeline` returns.
+/// Writes lines to a file of the standard library; each has left the process when `writeline` returns. The
+/// first line that is lost is reported on standard error, once.
 class ORVET_API stdio_trace_stream : public trace_stream {
 public:
-    /// Takes over an open stream; standard output and standard error stay the process's own.
+    /// Takes over an open stream, and changes nothing of it. Standard output and standard error are never
+    /// closed.
     explicit stdio_trace_stream(std::FILE * stream) : stream_(stream) {}
-    /// Appends to the file of that name in the Ketrix installation directory, or in the current one when that
-    /// is not set. A file that can't be opened is told on standard error, and its lines go there.
+    /// Appends to the file of that name in the Ketrix installation directory, or in the current one if that
+    /// is not set. Several processes may append to one file: their lines stay whole. If the file can't be
+    /// opened, standard error takes its place and says so.
     explicit stdio_trace_stream(const char * file_name);
     stdio_trace_stream(const stdio_trace_stream &) = delete;
     stdio_trace_stream & operator=(const stdio_trace_stream &) = delete;
     ~stdio_trace_stream() override;
 
+    /// Writes the line. Negative if a stream that was opened by name could not write all of it to the file: a
+    /// part of it may be there, and the next line then begins with a line feed. On a tool's own stream the
+    /// result is that of `fprintf`, which may only have filled a buffer.
     int writeline(const char * line) override;
 
 private:
+    bool append(const char * line, std::size_t length);
+    void report_loss(int error);
+
     std::FILE * stream_;
+    pathname path_; // of a stream that was opened by name
+    bool by_name_ = false;
+    bool is_torn_ = false; // a part of a line is at the end of the file
+    bool loss_reported_ = false;
 };
 
 /// The state of one channel. Lives as long as the process.
@@ -44,7 +58,7 @@ struct work_area {
     trace_stream * stream; ///< where finished lines go; owned; null drops them
     char line[1024];       ///< the line under assembly, closed by a zero
     long max_size;         ///< limit of the channel's file in bytes; nothing acts on it
-    long current_size;     ///< bytes written since the stream was opened
+    long current_size;     ///< the sum of what `writeline` returned, negative results too
     pathname * file_name;  ///< the file's bare name; owned
 };
 

@@ -15,7 +15,7 @@ TEST(Costs, AChannelLineIsOneWriteAndNoAllocation)
     trace::set_stream(log::wa(), new stdio_trace_stream("lines.txt"));
     log_message(messages::MSG0018, "file", 1, 2); // makes what a process makes once
     f.work([] { log_message(messages::MSG0018, "file", 1, 2); });
-    EXPECT_EQ(f.times("write"), 1);
+    EXPECT_EQ(f.times("append_line"), 1);
     EXPECT_EQ(f.times("allocation"), 0);
 }
 
@@ -88,9 +88,9 @@ TEST(Log, LeavesTheCallAloneIfItCannotWrite)
     trace::set_stream(log::wa(), new stdio_trace_stream("lines.txt"));
     kt_file missing(pathname("not there"));
     short rc = code::success;
-    f.work([&] { rc = missing.seek(0, SEEK_SET); });
+    printed_as_error_by([&] { f.work([&] { rc = missing.seek(0, SEEK_SET); }); });
     EXPECT_EQ(rc, code::not_open);
-    EXPECT_EQ(f.name(), "write, 1st call, from then on");
+    EXPECT_EQ(f.name(), "append_line, 1st call, from then on");
 }
 
 const scenario without_stdin("without_stdin", [] {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <type_traits>
 
+#include "orvet/foundation/platform/channels.h"
 #include "orvet/foundation/platform/entries.h"
 #include "orvet/foundation/platform/files.h"
 #include "orvet/foundation/platform/processes.h"
@@ -78,6 +79,12 @@ std::size_t write_part(std::FILE * stream, const void * bytes, std::size_t size)
     return platform::native::write(stream, bytes, fault::part_of(size));
 }
 
+std::size_t append_part(std::FILE * stream, const char * line, std::size_t size)
+{
+    errno = ENOSPC;
+    return platform::native::append_line(stream, line, fault::part_of(size));
+}
+
 // What would take its time, or leave the test's directory.
 int sync_nothing(std::FILE *)
 {
@@ -109,6 +116,9 @@ bool put_stand_ins()
     stand_in<platform::remove_file>::put("remove_file");
     stand_in<platform::rename_file>::put("rename_file");
     stand_in<platform::sync_stream>::put("sync_stream", stand_in<platform::sync_stream>::fail, sync_nothing);
+    stand_in<platform::open_channel>::put("open_channel", stand_in<platform::open_channel>::fail,
+                                          open_counted<platform::native::open_channel, const ustring &>);
+    stand_in<platform::append_line>::put("append_line", append_part);
     stand_in<platform::kind_of>::put("kind_of");
     stand_in<platform::compare_entries>::put("compare_entries");
     stand_in<platform::is_link_to>::put("is_link_to");

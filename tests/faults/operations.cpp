@@ -51,7 +51,18 @@ struct world {
 
     world() { copies.push_back(new ustring); }
     bool fails(int result) { return (code = result) != code::success; }
-    int write_line() { return stdio_trace_stream(platform::open_stream("log", "a")).writeline("x\n"); }
+    /// Through a stream without a buffer, so that the result is that of the write.
+    int write_line()
+    {
+        int result = 0;
+        printed_as_error_by([&] {
+            std::FILE * const log = platform::open_stream("log", "a");
+            if (log)
+                std::setvbuf(log, nullptr, _IONBF, 0);
+            result = stdio_trace_stream(log).writeline("x\n");
+        });
+        return result;
+    }
     /// Ends an operation that doesn't report: what it changes is as before or whole.
     bool is_quiet() { return fails(no_report); }
 };
@@ -148,6 +159,7 @@ const std::vector<fault_target> operations = {
     fault_target("recover", "file brod",
                  [](world & w) {
                      fs::rename("brod.cfg", "brod.bak");
+                     write_file("brod.tmp", "left by a dead process");
                      return w.fails(scan_cfg::recover("brod.cfg"));
                  }),
     fault_target("lists", "-",

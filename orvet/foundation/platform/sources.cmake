@@ -1,7 +1,7 @@
 # What the platform layer is made of on this system. A new system is added here and beside this file.
 include(CheckCXXSourceCompiles)
 
-set(platform_concerns entries errors files native_text processes rewrite)
+set(platform_concerns channels entries errors files native_text processes rewrite)
 if(WIN32)
   set(platform_system windows)
   set(platform_heap windows)
