@@ -11,9 +11,41 @@
 #include "orvet/foundation/codes.h"
 #include "orvet/foundation/environment.h"
 #include "orvet/foundation/messages.h"
+#include "orvet/foundation/platform/entries.h"
 #include "orvet/foundation/platform/files.h"
 
 namespace orvet {
+
+namespace {
+
+/// How a file's name relates to the one that it is to have. A link to the target counts as the target itself:
+/// without the target it leads to nothing.
+platform::entry_relation relate(const ustring & file, const ustring & target)
+{
+    return platform::is_link_to(file, target) ? platform::entry_relation::same
+                                              : platform::compare_entries(file, target);
+}
+
+/// Removes a former target, with `errno` set; never the file that is to be renamed.
+int remove_target(const ustring & target, platform::entry_relation relation)
+{
+    errno = relation == platform::entry_relation::same            ? EINVAL
+            : relation == platform::entry_relation::same_but_case ? ENOENT
+                                                                  : 0;
+    return relation == platform::entry_relation::different ? platform::remove_file(target) : -1;
+}
+
+/// Renames the file, with `errno` set; not to its own name.
+int rename_to(const ustring & target, const ustring & file, platform::entry_relation relation)
+{
+    errno = relation == platform::entry_relation::same ? EINVAL : 0;
+    if (relation == platform::entry_relation::same)
+        return -1;
+    return relation == platform::entry_relation::different ? platform::rename_file(file, target)
+                                                           : platform::change_case(file, target);
+}
+
+} // namespace
 
 kt_file::kt_file(const pathname & path) : file_path_(path)
 {
@@ -278,12 +310,11 @@ short kt_file::copy_to(const pathname & target)
 {
     const call_trace trace("kt_file::copy_to");
     trace.warning("renaming file <%s> to <%s>", file_path_, target);
-    errno = 0;
-    const int removed = platform::remove_file(target.text());
+    const auto relation = relate(file_path_.text(), target.text());
+    const int removed = remove_target(target.text(), relation);
     const int remove_error = errno;
     trace.warning("remove done with rc=%d, errno=%d", removed, remove_error);
-    errno = 0;
-    const int renamed = platform::rename_file(file_path_.text(), target.text());
+    const int renamed = rename_to(target.text(), file_path_.text(), relation);
     const int error = errno;
     if (renamed != 0) {
         trace.error("Rename failed with rc=%d, errno=%d", renamed, error);

@@ -67,7 +67,9 @@ public:
     /// Reads up to `size` bytes and returns how many there were; 0 if not open.
     unsigned int read(void * buffer, unsigned int size);
     /// Moves the file to `target` by a rename, replacing a file of that name; close it first. The object
-    /// keeps its name. 6 if the rename fails: a former `target` is removed then, the file is still here.
+    /// keeps its name. 6 if the rename fails: a former `target` is removed then, the file is still here. 6
+    /// also, with nothing removed, if `target` is the file itself or what it is a link to. A change of case
+    /// alone is a rename.
     short copy_to(const pathname & target);
     /// Removes the file; close it first. 0 also if there is none; 257.
     short removef();
