@@ -8,6 +8,7 @@
 #include "orvet/commands/listings.h"
 #include "orvet/commands/recorded_answer.h"
 #include "orvet/commands/resolve_tokens.h"
+#include "orvet/commands/shell_word.h"
 #include "orvet/files/kt_file.h"
 #include "orvet/files/sections.h"
 #include "orvet/files/topology.h"

@@ -39,7 +39,12 @@ bool list_targets()
 bool find_object(const orvet::ustring & name)
 {
     std::printf("Object %s:\n", name.mbcs_str());
-    orvet::brod_base_ls object(name);
+    orvet::ustring word; // the name is part of a shell's command
+    if (!orvet::quote_word(name, word)) {
+        std::printf("can't be passed to a command\n");
+        return false;
+    }
+    orvet::brod_base_ls object(word);
     if (!show_answer(object))
         return false;
     object.set_local_name();

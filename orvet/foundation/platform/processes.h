@@ -8,6 +8,8 @@ namespace orvet::platform {
 
 /// The shell's command that prints a file.
 extern const char print_command[];
+/// Which of the two shells commands are for: cmd.exe or sh.
+extern const bool shell_is_cmd_exe;
 
 namespace native {
 

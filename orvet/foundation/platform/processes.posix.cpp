@@ -11,6 +11,7 @@
 namespace orvet::platform {
 
 const char print_command[] = "cat";
+const bool shell_is_cmd_exe = false;
 
 namespace {
 

@@ -8,6 +8,7 @@
 namespace orvet::platform {
 
 const char print_command[] = "type";
+const bool shell_is_cmd_exe = true;
 
 int native::run_command(const ustring & line)
 {
