@@ -48,9 +48,12 @@ void heapdump(const char * path)
     platform::heap_status status;
     while ((status = platform::next_heap_block(block)) == platform::heap_status::ok) {
         (block.used ? used : free) += block.size;
-        if (file)
-            std::fprintf(file, "%6s block at %p of size %4.4X\n", block.used ? "USED" : "FREE", block.address,
-                         static_cast<unsigned>(block.size));
+        if (!file)
+            continue;
+        char address[32];
+        platform::print_address(block.address, address, sizeof address);
+        std::fprintf(file, "%6s block at %s of size %4.4X\n", block.used ? "USED" : "FREE", address,
+                     static_cast<unsigned>(block.size));
     }
     print_status(file ? file : stdout, status, used, free);
     if (file)

@@ -5,6 +5,8 @@
 
 namespace orvet {
 
+class pathname;
+
 /// Two texts that belong together, a key and its value for one.
 class ORVET_API pair : public codable {
 public:
@@ -28,6 +30,10 @@ public:
     /// The same rule, also where the class of only one side is known.
     friend bool operator==(const pair & a, const pair & b) { return a.equals(b); }
     friend bool operator==(const codable & a, const pair & b) { return a.operator==(b) != 0; }
+    friend bool operator==(const pair &, const ustring &) { return false; } // another class
+    friend bool operator==(const ustring &, const pair &) { return false; }
+    friend bool operator==(const pair &, const pathname &) { return false; }
+    friend bool operator==(const pathname &, const pair &) { return false; }
     friend bool operator!=(const pair & a, const pair & b) { return !a.equals(b); }
     friend bool operator!=(const codable & a, const pair & b) { return a.operator==(b) == 0; }
     friend bool operator!=(const pair & a, const codable & b) { return a.operator==(b) == 0; }

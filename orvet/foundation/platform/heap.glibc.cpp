@@ -81,4 +81,9 @@ heap_status native::next_heap_block(heap_block & block)
     return heap_status::ok;
 }
 
+void native::print_address(const void * address, char * text, std::size_t size)
+{
+    std::snprintf(text, size, "%p", address);
+}
+
 } // namespace orvet::platform

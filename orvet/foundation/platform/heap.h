@@ -22,10 +22,13 @@ namespace native {
 /// Steps to the next block, which `block` holds only after `heap_status::ok`. An allocator that can't be
 /// walked gives `heap_status::empty` at once.
 heap_status next_heap_block(heap_block & block);
+/// Writes an address as the system's own runtime prints it; `size` bytes suffice with 32.
+void print_address(const void * address, char * text, std::size_t size);
 
 } // namespace native
 
 ORVET_PLATFORM_CALL(next_heap_block);
+ORVET_PLATFORM_CALL(print_address);
 
 } // namespace orvet::platform
 
