@@ -55,7 +55,7 @@ void lines_orvet(benchmark::State & state)
         file.open("r");
         for (lines = 0; file.get_line(line); ++lines)
             benchmark::DoNotOptimize(line.data());
-        file.close();
+        benchmark::DoNotOptimize(file.close());
     }
     check(state, lines);
 }

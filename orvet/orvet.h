@@ -12,6 +12,7 @@
 #include "orvet/files/kt_file.h"
 #include "orvet/files/sections.h"
 #include "orvet/files/topology.h"
+#include "orvet/foundation/base/items.h"
 #include "orvet/foundation/base/pair.h"
 #include "orvet/foundation/base/pathname.h"
 #include "orvet/foundation/base/ustring.h"

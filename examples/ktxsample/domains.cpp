@@ -135,6 +135,7 @@ int show_domains(const orvet::input_parms & ip)
 {
     orvet::trace::set_stream(orvet::log::wa(), new log_for_screen);
     orvet::kt_file file(ip.ip_input_file());
+    const orvet::close_at_end closing(file);
     orvet::vector topv;
     orvet::ustring server;
     short rc = file.open("r");
@@ -156,6 +157,5 @@ int show_domains(const orvet::input_parms & ip)
     if (!log_for_screen::notes.empty())
         std::printf("\nTold to the operator:\n%s", log_for_screen::notes.c_str());
     std::printf("\nTrace and log went to %s\n", orvet::environment::kt_inst_path().mbcs_str());
-    file.close();
     return rc == 0 && log_for_screen::notes.empty() ? 0 : 1;
 }

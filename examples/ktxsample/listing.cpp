@@ -9,6 +9,7 @@ namespace {
 /// Runs the command and shows what it answers; false when there is no answer. Leaves the file closed.
 bool show_answer(orvet::brod_base & brod)
 {
+    const orvet::close_at_end closing(brod.out_file());
     const int rc = brod.exec_brod_cmd(1, 1);
     if (rc != 0 || brod.out_file().open("r") != 0) {
         std::printf("  no answer to \"%s\": exit value %d\n", brod.brod_cmd().mbcs_str(), rc);
@@ -16,7 +17,6 @@ bool show_answer(orvet::brod_base & brod)
     }
     for (orvet::ustring line; brod.out_file().get_line(line);)
         std::printf("  %s\n", line.mbcs_str());
-    brod.out_file().close();
     return true;
 }
 
@@ -48,7 +48,8 @@ bool find_object(const orvet::ustring & name)
     if (!show_answer(object))
         return false;
     object.set_local_name();
-    object.out_file().close();
+    if (object.out_file().close() != 0)
+        return false;
     if (object.get_local_name().text().length() == 0) {
         std::printf("has no local name\n");
         return false;

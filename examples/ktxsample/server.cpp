@@ -26,7 +26,7 @@ int choose_server(const input_parms & ip)
     path += "brod.cfg";
 
     // A run that was cut off may have left the file under its backup's name.
-    scan_cfg::recover(path.text());
+    static_cast<void>(scan_cfg::recover(path)); // where it fails, `load` does as well
     scan_cfg cfg(path.text());
     if (cfg.load() != 0)
         return 1;

@@ -140,8 +140,8 @@ void brod_base::name_files(const pathname & output)
 brod_base::~brod_base()
 {
     const call_trace trace("brod_base::~brod_base");
-    out_file_.close();
-    final_out_file_.close();
+    static_cast<void>(out_file_.close());
+    static_cast<void>(final_out_file_.close());
     if (environment::remove_temp_files() == "yes") {
         trace.error("Remove temp files");
         out_file_.removef();

@@ -13,6 +13,13 @@ public:
     keyval() = default;
     /// A copy of the text.
     explicit keyval(const ustring & text) : ustring(text) {}
+    /// Replaces the text.
+    template <std::same_as<ustring> Text> // not for what converts to it: a `keyval` can be made of that too
+    keyval & operator=(const Text & text)
+    {
+        assign(text);
+        return *this;
+    }
 
     /// If the text begins with `key`, in any case: removes it, with the blanks after it, and returns 0. Else
     /// returns another value and leaves the text unchanged.

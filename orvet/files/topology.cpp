@@ -130,8 +130,9 @@ private:
 };
 
 /// Removes those domains from `topv`, which ends in them, whose dependency does not exist when it is their
-/// turn.
-void check_dependencies(const call_trace & trace, vector & topv, const std::vector<ustring> & dependencies)
+/// turn, and adds what they are to `left_out`, if there is one.
+void check_dependencies(const call_trace & trace, vector & topv, const std::vector<ustring> & dependencies,
+                        vector * left_out)
 {
     const auto count = static_cast<int>(dependencies.size());
     const unsigned others = topv.size() - static_cast<unsigned>(count); // none, by the rules of the call
@@ -149,6 +150,8 @@ void check_dependencies(const call_trace & trace, vector & topv, const std::vect
             trace.error("Invalid domaind dependency found <%d,%s,%s>", kept, domain.domain_name, dependency);
             log_message(messages::MSG0107, number, domain.domain_name, dependency);
             index.remove(number);
+            if (left_out)
+                left_out->push_back(make<orphan_entry>(number, domain.domain_name, dependency));
             continue;
         }
         if (dependency.length() != 0)
@@ -172,6 +175,11 @@ top_entry::top_entry(const top_entry & other)
     : ktobject(other, class_tag::top_entry), domain_name(other.domain_name), dep_path(other.dep_path),
       trg_sect_info(other.trg_sect_info)
 {
+}
+
+codable * orphan_entry::clone()
+{
+    return make<orphan_entry>(*this);
 }
 
 codable * sof_entry::clone()
@@ -209,6 +217,16 @@ int sort_on_dep_len(const void * a, const void * b)
 }
 
 short kt_file::load_top(ustring & server, vector & topv)
+{
+    return load_topology(server, topv, nullptr);
+}
+
+short kt_file::load_top(ustring & server, vector & topv, vector & left_out)
+{
+    return load_topology(server, topv, &left_out);
+}
+
+short kt_file::load_topology(ustring & server, vector & topv, vector * left_out)
 {
     const call_trace trace("kt_file::load_top");
     ustring line;
@@ -260,7 +278,9 @@ short kt_file::load_top(ustring & server, vector & topv)
                 server = std::move(root);
         }
         print_topv(topv, "load_top_after_loading");
-        check_dependencies(trace, topv, dependencies);
+        check_dependencies(trace, topv, dependencies, left_out);
+        if (left_out && watch.failed())
+            return refuse(code::no_keyval, number);
     } catch (const std::bad_alloc &) { // of the containers: nothing was removed yet
         return refuse(code::no_keyval, number);
     }

@@ -50,6 +50,28 @@ public:
     vector trg_sect_info; ///< its first item is the `sof_entry` of the domain's target section
 };
 
+/// A domain that `load_top` has left out, since the one that it depends on is not there.
+class ORVET_API orphan_entry : public ktobject {
+public:
+    /// Stores copies.
+    orphan_entry(int line, const ustring & name, const ustring & missing)
+        : ktobject(class_tag::orphan_entry), number(line), domain_name(name), dependency(missing)
+    {
+    }
+    /// Copies every field.
+    orphan_entry(const orphan_entry & other)
+        : ktobject(other, class_tag::orphan_entry), number(other.number), domain_name(other.domain_name),
+          dependency(other.dependency)
+    {
+    }
+    orphan_entry & operator=(const orphan_entry & other) = default;
+    codable * clone() override;
+
+    int number;          ///< of its line in the topology section, from 0, as in MSG0107
+    ustring domain_name; ///< its name
+    ustring dependency;  ///< the missing domain's name; that one may have been left out itself
+};
+
 /// Traces each domain of `topv` with its target section, at [I]; entries without one are passed over.
 ORVET_API short print_topv(const vector & topv, const char * label);
 

@@ -68,6 +68,7 @@ public:
     short leave(short result) const { return leave_with("return data = %hd", result); }
     int leave(int result) const { return leave_with("return data = %d", result); }
     unsigned leave(unsigned result) const { return leave_with("return data = %hu", result); }
+    long leave(long result) const { return leave_with("return data = %ld", result); }
     ///@}
     /// The quit line ahead of both.
     template <class Result>
@@ -91,8 +92,7 @@ private:
     write_values(severity s, std::string_view format,
                  std::conditional_t<std::is_scalar_v<Args>, Args, const Args &>... args) const
     {
-        const argument values[] = {argument(args)..., argument(0)};
-        write(s, format, values, sizeof...(Args));
+        write(s, format, detail::list_arguments(detail::closed(args)...).values, sizeof...(Args));
     }
     template <class Result>
     Result leave_with(format_for<Result> format, Result result) const
@@ -122,17 +122,16 @@ ORVET_API void write_console(std::string_view format, const argument * values, s
 template <class... Args>
 void log_message(format_for<Args...> format, const Args &... args)
 {
-    if (log::passes()) {
-        const argument values[] = {argument(args)..., argument(0)};
-        detail::write_log(format.text(), values, sizeof...(Args));
-    }
+    if (log::passes())
+        detail::write_log(format.text(), detail::list_arguments(detail::closed(args)...).values,
+                          sizeof...(Args));
 }
 
 template <class... Args>
 void console_message(format_for<Args...> format, const Args &... args)
 {
-    const argument values[] = {argument(args)..., argument(0)};
-    detail::write_console(format.text(), values, sizeof...(Args));
+    detail::write_console(format.text(), detail::list_arguments(detail::closed(args)...).values,
+                          sizeof...(Args));
 }
 
 } // namespace orvet

@@ -1,16 +1,17 @@
 #ifndef ORVET_FOUNDATION_FORMAT_H
 #define ORVET_FOUNDATION_FORMAT_H
 
-#include <algorithm>
 #include <concepts>
 #include <cstdarg>
 #include <cstddef>
-#include <cstring>
 #include <string_view>
 #include <type_traits>
 
 #include "orvet/foundation/base/pathname.h"
+#include "orvet/foundation/format_detail.h"
 
+/// The conversions of the library's formats: %s for texts; %d, %i, %u, %x, %X and %c for whole numbers, with
+/// width, precision and the sizes hh, h, l and ll; and the bare %l, which is %ld. %% is a percent sign.
 namespace orvet {
 
 /// One value for a format: a text or a whole number. Made from what a caller passes and read at once; a text
@@ -23,9 +24,10 @@ public:
     argument(const ustring & text) : units_(&text) {}
     argument(const pathname & path) : units_(&path.text()) {}
     ///@}
-    /// A whole number.
-    template <std::integral Number>
-    argument(Number number) : number_(static_cast<long long>(number))
+    /// A whole number, or the number of an enumerator.
+    template <class Number>
+    requires(std::integral<Number> || std::is_enum_v<Number>) argument(Number number)
+        : number_(static_cast<long long>(number))
     {
     }
 
@@ -34,91 +36,86 @@ public:
     /// The text, null for a number. A `ustring` gives its multi-byte form, which may take memory.
     const char * text() const { return units_ ? units_->mbcs_str() : text_; }
     /// The number; 0 for a text.
-    long long number() const { return number_; }
+    long long number() const { return text_ ? 0 : number_; }
+
+    /// A 0 that may be meant as NULL: a number and, for `usprintf`, the empty text as well.
+    static argument zero_or_null()
+    {
+        argument both("");
+        both.number_ = may_be_number;
+        return both;
+    }
+    /// Whether it is that.
+    bool is_zero_or_null() const { return text_ && number_ == may_be_number; }
 
 private:
+    static constexpr long long may_be_number = 1;
+
     const char * text_ = nullptr;
     const ustring * units_ = nullptr;
     long long number_ = 0;
 };
 
-/// What fits `%s`.
+/// What fits `%s`: `const char *`, `ustring`, `pathname`, `std::string`, `std::string_view`.
 template <class T>
 concept text_argument = std::convertible_to<const T &, const char *> || std::derived_from<T, ustring> ||
-    std::derived_from<T, pathname>;
+    std::derived_from<T, pathname> || detail::byte_text<T>;
 
 /// What fits any conversion.
 template <class T>
-concept format_argument = text_argument<T> || std::integral<T>;
+concept format_argument = text_argument<T> || std::integral<T> || std::is_enum_v<T>;
 
-/// The conversions of the library's formats: %s for texts; %d, %i, %u, %x, %X and %c for whole numbers, with
-/// width, precision and the sizes hh, h, l and ll; and the bare %l, which is %ld. %% is a percent sign.
-struct conversion {
-    bool found;         ///< false when there is no further one
-    const char * begin; ///< its "%"; the end of the format when there is none
-    const char * flags; ///< the end of its flags, width and precision
-    const char * end;   ///< behind its last character
-    char size;          ///< 'H' for hh, 'h', 'l', 'L' for ll, or 0
-    char kind;          ///< the last letter; 0 for one that is unknown or ends too soon
-};
+namespace detail {
 
-/// The first conversion of `format`, which a zero closes.
-constexpr conversion next_conversion(std::string_view format)
+/// Fails to compile, with what to do, for a type that no conversion takes.
+template <class... Args>
+constexpr bool check_arguments()
 {
-    const auto among = [](char ch, const char * set) {
-        while (*set && *set != ch)
-            ++set;
-        return ch != 0 && *set != 0;
-    };
-    const char * const end = format.data() + format.size();
-    const char * begin = end;
-    if (std::is_constant_evaluated())
-        begin = std::find(format.data(), end, '%');
-    else if (const void * const found = std::memchr(format.data(), '%', format.size()))
-        begin = static_cast<const char *>(found);
-    if (!*begin)
-        return {false, begin, begin, begin, 0, 0};
-    const char * at = begin + 1;
-    while (*at <= '9' && among(*at, "-+ #0123456789."))
-        ++at;
-    const char * const flags = at;
-    char size = 0;
-    if (*at == 'h' || *at == 'l') {
-        size = *at++;
-        if (*at == size) {
-            size = size == 'h' ? 'H' : 'L';
-            ++at;
-        }
-    }
-    if (among(*at, size == 0 ? "sdiuxXc%" : "diuxX"))
-        return {true, begin, flags, at + 1, size, *at};
-    if (size == 'l')
-        return {true, begin, flags, at, size, 'd'};
-    return {true, begin, flags, at, size, 0};
+    static_assert((format_argument<Args> && ...),
+                  "a format takes texts (const char *, ustring, pathname, std::string, std::string_view) for "
+                  "%s, and whole numbers and enums for %d: convert this argument to one of them");
+    return true;
 }
 
-/// A format that is held against the types of its arguments when it is compiled.
+///@{
+/// The value that an `argument` is made of; a text without a closing zero gets one.
+template <class T>
+const T & closed(const T & value)
+{
+    return value;
+}
+template <byte_text T>
+ustring closed(const T & text)
+{
+    return ustring(text);
+}
+///@}
+
+/// The arguments of one call, and one more since an array can't be empty. Texts live up to the end of the
+/// expression in which it is made.
+template <std::size_t Count>
+struct argument_list {
+    argument values[Count + 1];
+};
+template <class... Args>
+auto list_arguments(const Args &... args)
+{
+    return argument_list<sizeof...(Args)>{{argument(args)..., argument(0)}};
+}
+
+} // namespace detail
+
+/// A format that is compared with the types of its arguments when it is compiled.
 template <class... Args>
 class checked_format {
+    static_assert(detail::check_arguments<Args...>());
+
 public:
     /// Does not compile for a format that does not fit.
     consteval checked_format(const char * text) : text_(text)
     {
         constexpr bool is_text[] = {text_argument<Args>..., false};
-        std::size_t taken = 0;
-        for (conversion next = next_conversion(text); next.found; next = next_conversion(next.end)) {
-            if (next.kind == 0)
-                throw "the format holds a conversion that is not supported";
-            if (next.kind == '%')
-                continue;
-            if (taken == sizeof...(Args))
-                throw "the format asks for more arguments than there are";
-            if (is_text[taken] != (next.kind == 's'))
-                throw "a conversion does not fit its argument";
-            ++taken;
-        }
-        if (taken != sizeof...(Args))
-            throw "the format leaves arguments over";
+        detail::check_format(text, is_text, sizeof...(Args));
     }
 
     /// The format; a static text, closed by a zero.

@@ -30,6 +30,15 @@ protected:
     long codable_version() const override;
 };
 
+/// A record whose class the library tells apart at run time; a copy of a whole object keeps its tag.
+template <class_tag Tag>
+class tagged_ktobject : public ktobject {
+protected:
+    tagged_ktobject() : ktobject(Tag) {}
+    tagged_ktobject(const tagged_ktobject & other) : ktobject(other, Tag) {}
+    tagged_ktobject & operator=(const tagged_ktobject &) = default;
+};
+
 } // namespace orvet
 
 #endif

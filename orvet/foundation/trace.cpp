@@ -17,6 +17,7 @@
 #include "orvet/foundation/platform/channels.h"
 #include "orvet/foundation/platform/errors.h"
 #include "orvet/foundation/platform/files.h"
+#include "orvet/foundation/trace_internal.h"
 
 namespace orvet {
 
@@ -75,6 +76,18 @@ std::string_view current_time()
     return {text, length};
 }
 
+/// Where the time stamp of each channel's line ends. A line is known by its address.
+struct {
+    const char * line;
+    const char * end;
+} stamps[2];
+
+void keep_stamp(const char * line, const char * end)
+{
+    const bool is_first = stamps[0].line == line || !stamps[0].line;
+    stamps[is_first ? 0 : 1] = {line, end};
+}
+
 /// A channel's line, added to from `at` on and closed by a zero; its line feed always has room.
 class assembly : public bounded_writer {
 public:
@@ -82,7 +95,9 @@ public:
 
     void add_header(std::string_view severity, std::string_view name)
     {
+        const char * const line = position();
         add(current_time());
+        keep_stamp(line, position());
         add(severity);
         add(name);
         *position() = 0;
@@ -120,6 +135,14 @@ void open_channel(work_area & area, int first_level, const char * file_name)
 }
 
 } // namespace
+
+const char * find_time_stamp_end(const char * line)
+{
+    for (const auto & stamp : stamps)
+        if (line && stamp.line == line)
+            return stamp.end;
+    return nullptr;
+}
 
 stdio_trace_stream::stdio_trace_stream(const char * file_name) : path_(environment::kt_inst_path())
 {

@@ -13,7 +13,7 @@ namespace orvet {
 ///
 /// An accessor bears its field's name; its setter stores a copy and marks the keyword as supplied, also for
 /// an empty value. If allocation fails, a setter changes nothing.
-class ORVET_API auth_profile_info : public ktobject {
+class ORVET_API auth_profile_info : public tagged_ktobject<class_tag::auth_profile_info> {
 public:
     /// Every field at its default, no keyword marked.
     auth_profile_info();

@@ -11,7 +11,7 @@ namespace orvet {
 ///
 /// An accessor bears its field's name; its setter stores a copy and marks the keyword as supplied, also for
 /// an empty value. If allocation fails, a setter changes nothing.
-class ORVET_API user_info : public ktobject {
+class ORVET_API user_info : public tagged_ktobject<class_tag::user_info> {
 public:
     /// Both fields empty, no keyword marked.
     user_info();

@@ -49,12 +49,12 @@ public:
     ///   261  the file is gone or can't be renamed, or "brod.tmp" can't take its place. The file is the old
     ///        one; or, if even the recovery failed, absent, its text in "brod.bak". The new text is in
     ///        "brod.tmp". The former "brod.bak" is gone
-    int set_server(int n);
+    [[nodiscard]] int set_server(int n);
 
     /// Puts "brod.bak" back in place of a missing file. 0 when done or if the file is there, 250 if there is
     /// no backup or another process is at work, 261 if the backup can't be renamed. `load` never does this by
     /// itself.
-    static int recover(const ustring & cfg_file);
+    [[nodiscard]] static int recover(const ustring & cfg_file);
 
     /// What the last `load` or `set_server` failed on; empty after a success.
     const ustring & error_text() const { return error_text_; }

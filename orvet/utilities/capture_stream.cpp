@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "orvet/foundation/base/memory.h"
+#include "orvet/foundation/trace_internal.h"
 
 namespace orvet {
 
@@ -20,14 +21,16 @@ const char * letter_of(const char * line)
     return bracket && bracket[2] ? std::strchr(letters, bracket[2]) : nullptr;
 }
 
-/// The line behind its time stamp: at the number of a message, else at the bracket of a severity.
-const char * behind_time(const char * line)
+/// The line without its time stamp and the blanks that a channel puts there: one in the trace, two in the
+/// log.
+const char * skip_time_stamp(const char * line)
 {
-    const char * const bracket = std::strstr(line, " [");
-    const char * const message = std::strstr(line, "  MSG");
-    if (message && (!bracket || message < bracket))
-        return message + 2;
-    return bracket ? bracket + 1 : line;
+    const char * text = find_time_stamp_end(line);
+    if (!text)
+        return line;
+    for (int blanks = 0; blanks < 2 && *text == ' '; ++blanks)
+        ++text;
+    return text;
 }
 
 } // namespace
@@ -35,7 +38,7 @@ const char * behind_time(const char * line)
 int capture_stream::writeline(const char * line)
 {
     memory_watch watch;
-    auto * const text = make<ustring>(behind_time(line));
+    auto * const text = make<ustring>(skip_time_stamp(line));
     if (text && text->length() != 0 && text->data()[text->length() - 1] == u'\n')
         text->remove(text->length() - 1);
     lines_.push_back(text);

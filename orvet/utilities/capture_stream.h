@@ -19,7 +19,7 @@ public:
     int writeline(const char * line) override;
 
     /// The lines so far as `ustring`s, without time stamp and line feed: "[C] name text" from the trace,
-    /// "MSG0020 [F] text" from the log. A line with neither bracket nor number keeps its time stamp.
+    /// "MSG0020 [F] text" from the log. A text that no channel has made stays whole.
     const vector & lines() const { return lines_; }
     /// How many of the lines bear the letter of that severity.
     unsigned count(severity s) const { return counts_[static_cast<int>(s)]; }

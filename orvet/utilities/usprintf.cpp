@@ -11,9 +11,9 @@ namespace orvet {
 
 namespace {
 
-ustring text_of(const argument & value)
+ustring text_of(const argument & value, char16_t letter)
 {
-    if (value.is_text())
+    if (letter == u's')
         return ustring(value.text());
     char digits[12];
     std::snprintf(digits, sizeof digits, "%d",
@@ -22,12 +22,17 @@ ustring text_of(const argument & value)
     return ustring(digits);
 }
 
-/// Where the first conversion stands that takes `value`.
+bool fits(char16_t letter, const argument & value)
+{
+    return (letter == u's' && value.is_text()) ||
+           (letter == u'd' && (!value.is_text() || value.is_zero_or_null()));
+}
+
+/// Where the first conversion is that takes `value`.
 unsigned find_conversion(const ustring & text, const argument & value)
 {
-    const char16_t letter = value.is_text() ? u's' : u'd';
     unsigned at = text.find(u'%', 0, 0);
-    while (at != ustring::npos && text.data()[at + 1] != letter)
+    while (at != ustring::npos && !fits(text.data()[at + 1], value))
         at = text.find(u'%', at + 1, 0);
     return at;
 }
@@ -42,7 +47,8 @@ int detail::format_in_place(ustring & out, const char * format, const argument *
         const unsigned at = find_conversion(text, values[i]);
         if (at == ustring::npos)
             break;
-        text.remove(at, 2).insert(at, text_of(values[i]));
+        const ustring replacement = text_of(values[i], text.data()[at + 1]);
+        text.remove(at, 2).insert(at, replacement);
     }
     if (!watch.failed())
         out = std::move(text);

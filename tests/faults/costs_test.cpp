@@ -36,7 +36,7 @@ TEST(Costs, ALineThatWasRoomForNeedsNoAllocation)
     });
     EXPECT_EQ(f.times("allocation"), 0);
     EXPECT_LE(f.times("read"), 20);
-    file.close();
+    EXPECT_EQ(file.close(), 0);
 }
 
 TEST(Costs, ADomainIsAFewAllocations)
@@ -57,7 +57,7 @@ TEST(Costs, ADomainIsAFewAllocations)
     f.work([&] { rc = file.load_top(server, topv); });
     ASSERT_EQ(rc, code::success);
     EXPECT_LE(f.times("allocation"), 6 * domains);
-    file.close();
+    EXPECT_EQ(file.close(), 0);
 }
 
 const scenario first_use("first_use", [] {

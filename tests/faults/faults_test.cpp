@@ -147,7 +147,9 @@ TEST(Rewrite, LosesNoConfiguration)
 const scenario rewrite("rewrite", [] {
     scan_cfg cfg("brod.cfg");
     cfg.load();
-    fault(fault::calls, fault::death, std::atoi(std::getenv("step"))).work([&] { cfg.set_server(2); });
+    fault(fault::calls, fault::death, std::atoi(std::getenv("step"))).work([&] {
+        static_cast<void>(cfg.set_server(2));
+    });
     std::printf("survived");
 });
 

@@ -271,7 +271,7 @@ outcome run(const fault_target & o, fault & f, transcript & recorded)
         f.work([&] { o.run(w); });
         result.lines = portable(recorded.take() + text_of(w.cfg.error_text()));
         if (w.file.close() != code::success) // of what was written before
-            w.file.close();
+            static_cast<void>(w.file.close());
         result.code = w.code;
         if (f.has_met_calls())
             look_at_files();

@@ -142,6 +142,42 @@ TEST(KtFile, WritesBytesAsTheyAre)
     EXPECT_EQ(read_file("out.bin"), bytes);
 }
 
+TEST(KtFile, MovesWithItsStreamAndItsPlace)
+{
+    write_file("text.txt", "line0\nline1\n");
+    ustring line;
+    kt_file moved;
+    {
+        kt_file file(pathname("text.txt"));
+        ASSERT_EQ(file.open("r"), 0);
+        ASSERT_NE(file.get_line(line), 0);
+        moved = std::move(file);
+        EXPECT_FALSE(file.is_open());
+        EXPECT_EQ(text_of(file.file_name().text()), "");
+    }
+    EXPECT_EQ(moved.file_size(), 12);
+    ASSERT_NE(moved.get_line(line), 0);
+    EXPECT_EQ(text_of(line), "line1");
+    EXPECT_EQ(kt_file(std::move(moved)).close(), 0);
+}
+
+TEST(KtFile, IsClosedAtTheEndOfAScopeIfOpen)
+{
+    transcript lines(2);
+    kt_file file(pathname("text.txt"));
+    {
+        const close_at_end closing(file);
+        ASSERT_EQ(file.open("w"), 0);
+        ASSERT_EQ(file.write("x"), 0);
+    }
+    EXPECT_EQ(read_file("text.txt"), "x");
+    lines.take();
+    {
+        const close_at_end closing(file);
+    }
+    EXPECT_EQ(lines.take(), "");
+}
+
 TEST(KtFile, MeasuresAsFarAsALongReaches)
 {
     write_file("large.txt", "");

@@ -18,7 +18,7 @@ TEST(Topology, LoadsScanResults)
         lines.note("server " + text_of(server) + ", domains " + std::to_string(topv.size()));
         if (code == 0)
             lines.step("load_offsets", [&] { return file.load_offsets(topv); });
-        file.close();
+        EXPECT_EQ(file.close(), 0);
         for (unsigned i = 0; i < topv.size(); ++i) {
             const auto & domain = static_cast<top_entry &>(*topv[i]);
             const auto & section = static_cast<sof_entry &>(*domain.trg_sect_info[0]);
@@ -30,6 +30,23 @@ TEST(Topology, LoadsScanResults)
     });
 }
 
+TEST(Topology, ReportsTheDomainsThatItLeavesOut)
+{
+    write_file("scan.txt", "count = 4\na = x,A\nb = x,B,push,NONE\nc = x,C,push,A\nd = x,D,push,B\n");
+    kt_file file(pathname("scan.txt"));
+    const close_at_end closing(file);
+    ASSERT_EQ(file.open("r"), 0);
+    ustring server;
+    vector topv;
+    vector left_out;
+    ASSERT_EQ(file.load_top(server, topv, left_out), 0);
+    EXPECT_EQ(topv.size(), 2U);
+    std::string orphans;
+    for (const orphan_entry & each : items<orphan_entry>(left_out))
+        orphans += result(each.number, each.domain_name, each.dependency) + "\n";
+    EXPECT_EQ(orphans, "1 <B> <NONE>\n3 <D> <B>\n");
+}
+
 TEST(Topology, HasRoomForAShortsDomains)
 {
     const auto load = [](const char * count) {
@@ -39,7 +56,7 @@ TEST(Topology, HasRoomForAShortsDomains)
         vector topv;
         file.open("r");
         const short code = file.load_top(server, topv);
-        file.close();
+        EXPECT_EQ(file.close(), 0);
         return std::to_string(code) + ", " + std::to_string(topv.size());
     };
     EXPECT_EQ(load("32767"), "0, 32767"); // the last line stands for the rest
@@ -64,7 +81,7 @@ TEST(Topology, PassesOverWhatIsNoDomain)
     topv.push_back(new ustring("text"));
     EXPECT_EQ(print_topv(topv, "label"), 0);
     EXPECT_EQ(lines.take(), "");
-    file.close();
+    EXPECT_EQ(file.close(), 0);
 }
 
 TEST(Topology, SortsByTheLengthOfThePathAlone)

@@ -24,6 +24,10 @@ TEST(Usprintf, ReplacesItsTwoConversions)
         {"numbers", formatted("[%d]: [1..%d]", -9, 3), "[-9]: [1..3], 12"},
         {"the ends of int", formatted("%d|%d", -2147483647 - 1, 99999999999L), "-2147483648|2147483647, 22"},
         {"a null text", formatted("<%s>", static_cast<const char *>(nullptr)), "<>, 2"},
+        {"NULL for a text", formatted("<%s>", NULL), "<>, 2"},
+        {"a zero of NULL's type", formatted("<%d>", decltype(NULL){}), "<0>, 3"},
+        {"strings and enums",
+         formatted("%s%s%d", std::string("s"), std::string_view("view", 1), severity::fatal), "sv4, 3"},
         {"too few arguments", formatted("%s and %s", "a"), "a and %s, 8"},
         {"too many arguments", formatted("%s", "a", 5), "a, 1"},
         {"an argument of the other kind", formatted("%d, %s", "a"), "%d, a, 5"},
@@ -101,6 +105,27 @@ TEST(CaptureStream, CountsLinesBySeverity)
     lines->clear();
     EXPECT_EQ(lines->lines().size(), 0U);
     EXPECT_EQ(count(severity::fatal), 0U);
+}
+
+TEST(CaptureStream, CutsTheTimeStampAlone)
+{
+    transcript silent;
+    auto * const lines = new capture_stream;
+    trace::set_stream(orvet::log::wa(), lines);
+    const example<const char *, std::string> rows[] = {
+        {"a number of the tool's own", "CAT0003 [I] Server one", "CAT0003 [I] Server one"},
+        {"neither number nor severity", "bare", "bare"},
+        {"blanks of the text's own", "  MSG [I]", "  MSG [I]"},
+        {"nothing", "", ""},
+    };
+    expect_each(rows, [&](const char * text) {
+        lines->clear();
+        log_message("%s", text);
+        return text_of(static_cast<const ustring &>(*lines->lines()[0]));
+    });
+    lines->clear();
+    lines->writeline("no channel's line [I]\n");
+    EXPECT_EQ(text_of(static_cast<const ustring &>(*lines->lines()[0])), "no channel's line [I]");
 }
 
 TEST(CaptureStream, KeepsTraceLinesFromTheirSeverityOn)

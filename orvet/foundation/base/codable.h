@@ -10,7 +10,17 @@ class decoder;
 
 /// The classes that the library tells apart at run time. A tool built without type information may derive
 /// from any of them.
-enum class class_tag : unsigned char { other, ustring, pathname, pair, top_entry, sof_entry };
+enum class class_tag : unsigned char {
+    other,
+    ustring,
+    pathname,
+    pair,
+    top_entry,
+    sof_entry,
+    orphan_entry,
+    auth_profile_info,
+    user_info,
+};
 
 /// Root of every class whose objects can live in a `vector`.
 class ORVET_API codable {

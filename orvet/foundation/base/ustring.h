@@ -1,12 +1,40 @@
 #ifndef ORVET_FOUNDATION_BASE_USTRING_H
 #define ORVET_FOUNDATION_BASE_USTRING_H
 
+#include <compare>
+#include <concepts>
 #include <cstddef>
 #include <cstdio>
+#include <iosfwd>
+#include <string_view>
 
 #include "orvet/foundation/base/codable.h"
 
 namespace orvet {
+
+namespace detail {
+
+/// Bytes with a length of their own: `std::string`, `std::string_view` and what converts to the latter. A
+/// `const char *` ends at its zero and is not among them.
+template <class T>
+concept byte_text = !std::derived_from<T, codable> && std::convertible_to<const T &, std::string_view> &&
+                    !std::convertible_to<const T &, const char *>;
+
+/// UTF-16 with a length of its own.
+template <class T>
+concept unit_text =
+    !std::derived_from<T, codable> && std::convertible_to<const T &, std::u16string_view> && !byte_text<T>;
+
+/// `std::string`, which is not named here: <string> would cost more than this header.
+template <class T>
+concept byte_string = std::same_as<typename T::value_type, char> &&
+    requires(const char * bytes, std::size_t count)
+{
+    typename T::allocator_type;
+    T(bytes, count);
+};
+
+} // namespace detail
 
 /// Text of UTF-16 units, with a multi-byte form in UTF-8 for the runtime's functions.
 ///
@@ -27,6 +55,21 @@ public:
     ustring() noexcept;
     /// From bytes up to their zero; null gives the empty text.
     ustring(const char * text);
+    /// From `std::string`, `std::string_view` and what converts to the latter; zero bytes are kept.
+    template <detail::byte_text Text>
+    ustring(const Text & text) : ustring()
+    {
+        const std::string_view bytes = text;
+        assign(bytes.data(), bytes.size());
+    }
+    /// From UTF-16: `u"text"`, `std::u16string`, `std::u16string_view`.
+    template <detail::unit_text Text>
+    ustring(const Text & text) : ustring()
+    {
+        const std::u16string_view units = text;
+        const bool fits = units.size() < npos; // else the allocation fails
+        splice(0, 0, units.data(), fits ? static_cast<unsigned>(units.size()) : npos - 1);
+    }
     /// A copy; empty when memory is short.
     ustring(const ustring & other);
     /// Takes the text over and leaves `other` empty.
@@ -97,6 +140,14 @@ public:
     const char * mbcs_str() const;
     /// Bytes of the multi-byte form, zero bytes inside the text counted.
     unsigned mbcs_length() const;
+    /// Both in one, zero bytes included; valid while the object is unchanged.
+    std::string_view mbcs_view() const { return {mbcs_str(), mbcs_length()}; }
+    /// `std::string(text)`: a copy of the multi-byte form.
+    template <detail::byte_string String>
+    explicit operator String() const
+    {
+        return String(mbcs_str(), mbcs_length());
+    }
 
     const char * codable_name() const override;
     unsigned int hash_code() override;
@@ -115,6 +166,29 @@ public:
     friend bool operator!=(const ustring & a, const codable & b) { return a.operator==(b) == 0; }
     friend bool operator!=(const ustring & a, const ustring & b) noexcept { return !(a == b); }
     ///@}
+    /// Orders by the units, case respected: for sorting and for the key of a map.
+    friend std::strong_ordering operator<=>(const ustring & a, const ustring & b)
+    {
+        return a.compare(0, npos, b, 0, npos, 0) <=> 0;
+    }
+
+    // Templates, so that an operator of the tool's own is preferred.
+
+    /// Both texts in a new one; empty if allocation fails.
+    template <class = void>
+    friend ustring operator+(const ustring & a, const ustring & b)
+    {
+        ustring sum(a);
+        sum.append(b);
+        return sum.length_ - b.length_ == a.length_ ? sum : ustring();
+    }
+    /// Writes the multi-byte form; include <ostream> for it.
+    template <class Traits>
+    friend std::basic_ostream<char, Traits> & operator<<(std::basic_ostream<char, Traits> & out,
+                                                         const ustring & text)
+    {
+        return out << std::basic_string_view<char, Traits>(text.mbcs_str(), text.mbcs_length());
+    }
 
 protected:
     long codable_version() const override;
@@ -154,5 +228,14 @@ private:
 };
 
 } // namespace orvet
+
+/// Equal texts have equal hashes.
+template <>
+struct std::hash<orvet::ustring> {
+    std::size_t operator()(const orvet::ustring & text) const noexcept
+    {
+        return std::hash<std::u16string_view>{}({text.data(), text.length()});
+    }
+};
 
 #endif

@@ -23,6 +23,11 @@ public:
     codable ** items() const noexcept { return items_; }
     /// Item `i`, owned by the vector; null when there is none.
     codable * operator[](unsigned i) const noexcept { return i < size_ ? items_[i] : nullptr; }
+    ///@{
+    /// The items for a range-for, as `codable *`; items.h has one that knows their class.
+    codable * const * begin() const noexcept { return items_; }
+    codable * const * end() const noexcept { return items_ + size_; }
+    ///@}
 
     /// Takes over a new object, on the heap, and deletes it at once where there is no room for it; null is
     /// ignored.
