@@ -88,9 +88,11 @@ TEST(Items, SkipOtherClassesAndKnowCopies)
     user_info user;
     user.set_usUserName("ann");
     vector row;
-    for (codable * item : {user.clone(), static_cast<codable *>(new keyval("k")), ustring("u").clone(),
-                           auth_profile_info().clone(), new user_info(user)})
-        row.push_back(item);
+    row.push_back(user.clone());
+    row.push_back(new keyval("k"));
+    row.push_back(new auth_profile_info);
+    row.push_back(new ustring("u"));
+    row.push_back(new user_info(user));
     std::string users;
     for (const user_info & each : items<user_info>(row))
         users += text_of(each.usUserName()) + " ";
