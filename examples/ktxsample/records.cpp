@@ -30,22 +30,18 @@ std::vector<row> agents(orvet::file_input_parms & input)
 std::vector<row> profiles(orvet::file_input_parms & input)
 {
     std::vector<row> table{{"PROFILE", "ALL TARGETS", "INSTALL", "PREPARATION", "SEND", "QUEUES", "ADMIN"}};
-    for (unsigned i = 0; i < input.arSections().size(); ++i) {
-        const auto & profile = static_cast<const orvet::auth_profile_info &>(*input.arSections()[i]);
+    for (const auto & profile : orvet::items<orvet::auth_profile_info>(input.arSections()))
         table.push_back({profile.usProfileName(), profile.usManageAll(), profile.usCMInstall(),
                          profile.usPreparation(), profile.usSend(), profile.usQueues(),
                          profile.usSysAdmin()});
-    }
     return table;
 }
 
 std::vector<row> users(orvet::file_input_parms & input)
 {
     std::vector<row> table{{"USER", "PROFILE"}};
-    for (unsigned i = 0; i < input.arSections().size(); ++i) {
-        const auto & user = static_cast<const orvet::user_info &>(*input.arSections()[i]);
+    for (const auto & user : orvet::items<orvet::user_info>(input.arSections()))
         table.push_back({user.usUserName(), user.usProfileName()});
-    }
     return table;
 }
 

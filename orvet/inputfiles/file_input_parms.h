@@ -34,8 +34,8 @@ struct reading_place {
 ///     if (input.get_fips(path, 1, "USER=", input.user_file) != 0)
 ///         std::printf("line %d: %s %s\n", input.error_line(), input.error_text().mbcs_str(),
 ///         input.error_keyword());
-///     for (unsigned i = 0; i < input.arSections().size(); ++i)
-///         greet(static_cast<user_info &>(*input.arSections()[i]).usUserName());
+///     for (const user_info & user : items<user_info>(input.arSections()))
+///         greet(user.usUserName());
 class ORVET_API file_input_parms {
 public:
     /// The kinds of input files, for `file_type`.
