@@ -32,6 +32,6 @@ void commands(std::string_view input)
     orvet::brod_base_ls object("OBJECT");
     write_file(object.output_file().mbcs_str(), input);
     object.set_local_name();
-    object.out_file().close();
+    static_cast<void>(object.out_file().close());
     show("local name", object.get_local_name().text());
 }

@@ -234,7 +234,7 @@ const scenario killed_rewriter("killed_rewriter", [] {
     platform::sync_stream = [](std::FILE *) -> int { die(); };
     scan_cfg cfg("brod.cfg");
     cfg.load();
-    cfg.set_server(2);
+    static_cast<void>(cfg.set_server(2));
 });
 
 TEST_F(RewriteCalls, TakeTheLeftoverOfADeadProcessForWhatItIs)
