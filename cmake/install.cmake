@@ -1,4 +1,5 @@
 # What a user gets: headers, the library, a CMake package, a pkg-config file, documents and the sample tool.
+include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orvet)
@@ -20,6 +21,10 @@ install(FILES ${PROJECT_BINARY_DIR}/orvetConfig.cmake ${PROJECT_BINARY_DIR}/orve
 
 file(RELATIVE_PATH relative_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" relative_prefix "${relative_prefix}")
+set(static_flag)
+if(NOT BUILD_SHARED_LIBS)
+  set(static_flag " -DORVET_STATIC")
+endif()
 configure_file(cmake/orvet.pc.in orvet.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/orvet.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 

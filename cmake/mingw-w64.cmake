@@ -1,8 +1,11 @@
-# Windows on x86-64 by Debian's mingw-w64; what is built runs under Wine.
+# Windows by Debian's mingw-w64, on x86-64 unless ORVET_WINDOWS_PROCESSOR is i686; what is built runs under Wine.
 set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR x86_64)
+if(NOT ORVET_WINDOWS_PROCESSOR)
+  set(ORVET_WINDOWS_PROCESSOR x86_64)
+endif()
+set(CMAKE_SYSTEM_PROCESSOR ${ORVET_WINDOWS_PROCESSOR})
 
-set(triplet x86_64-w64-mingw32)
+set(triplet ${CMAKE_SYSTEM_PROCESSOR}-w64-mingw32)
 set(CMAKE_CXX_COMPILER ${triplet}-g++-posix)
 set(CMAKE_C_COMPILER ${triplet}-gcc-posix)
 set(CMAKE_RC_COMPILER ${triplet}-windres)
@@ -14,6 +17,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
 
 find_program(ORVET_WINE NAMES wine64 wine64-stable wine PATHS /usr/lib/wine NO_CMAKE_FIND_ROOT_PATH)
-if(ORVET_WINE)
+if(ORVET_WINE AND CMAKE_SYSTEM_PROCESSOR STREQUAL x86_64)
   set(CMAKE_CROSSCOMPILING_EMULATOR ${ORVET_WINE})
 endif()

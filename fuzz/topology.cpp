@@ -59,11 +59,11 @@ void topology(std::string_view input)
         orvet::get_count(text_of(line), &count);
         most = std::max(most, count > 32767 ? 0 : count);
     }
-    pairs.close();
+    static_cast<void>(pairs.close());
     file.open("r");
     if (file.find_section("[topology]") != 0)
         file.seek(0, SEEK_SET);
     if (most <= 500) // reading on after the end of the file takes time and finds nothing
         load(file, std::string(input));
-    file.close();
+    static_cast<void>(file.close());
 }

@@ -261,7 +261,7 @@ std::string run_scenario(const std::string & name)
 
 std::string scenario_command(const std::string & name)
 {
-    return program + " --scenario " + name;
+    return RUN_BY + program + " --scenario " + name;
 }
 
 } // namespace orvet_test

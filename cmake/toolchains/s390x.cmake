@@ -1,0 +1,5 @@
+# Big-endian.
+set(CMAKE_SYSTEM_PROCESSOR s390x)
+set(triplet s390x-linux-gnu)
+set(qemu qemu-s390x)
+include(${CMAKE_CURRENT_LIST_DIR}/linux.cmake)
