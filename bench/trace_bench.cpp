@@ -18,11 +18,11 @@ void gate_orvet(benchmark::State & state)
 }
 BENCHMARK(gate_orvet)->Name("gate/orvet");
 
-/// Sends a channel's lines to a file of their own.
+/// Sends a channel's lines to a file of their own, below KTXPATH, as the library opens one.
 void redirect(orvet::work_area & area, const char * name)
 {
-    std::FILE * const file = std::fopen((bench::directory() / name).c_str(), "w");
-    orvet::trace::set_stream(area, new orvet::stdio_trace_stream(file));
+    std::filesystem::remove(bench::directory() / name);
+    orvet::trace::set_stream(area, new orvet::stdio_trace_stream(name));
     orvet::trace::set_level(area, 0);
 }
 

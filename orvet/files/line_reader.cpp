@@ -1,6 +1,8 @@
 #include "orvet/files/line_reader_internal.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 #include <iterator>
 #include <utility>
@@ -14,10 +16,32 @@ namespace orvet {
 namespace {
 
 constexpr std::size_t block_size = 65536;
+constexpr std::size_t near = 64;
+// Reads come in whole pages, which runtimes pass on to the system without a copy. A page more than a block
+// has room for the line that the end of a block cuts.
+constexpr std::size_t page_size = 4096;
+constexpr std::size_t usual_capacity = block_size + page_size;
 
 const char * find_feed(const char * at, const char * end)
 {
     return static_cast<const char *>(std::memchr(at, '\n', static_cast<std::size_t>(end - at)));
+}
+
+/// The first line feed among the `near` bytes from `at` on, a word at a time: most lines are short, and a
+/// call takes longer. Null if there is none there.
+const char * find_near_feed(const char * at)
+{
+    if constexpr (std::endian::native == std::endian::little) {
+        constexpr std::uint64_t ones = 0x0101010101010101U;
+        for (std::size_t i = 0; i < near; i += sizeof(std::uint64_t)) {
+            std::uint64_t word;
+            std::memcpy(&word, at + i, sizeof word);
+            const std::uint64_t other = word ^ ones * '\n'; // zero where there is a line feed
+            if (const std::uint64_t found = (other - ones) & ~other & ones * 0x80)
+                return at + i + std::countr_zero(found) / 8;
+        }
+    }
+    return nullptr;
 }
 
 /// The end of the last whole line; `begin` if there is none.
@@ -109,7 +133,7 @@ void line_reader::release_block()
 
 void line_reader::drop()
 {
-    if (capacity_ > block_size) // a long line had it grow
+    if (capacity_ > usual_capacity) // a long line had it grow
         release_block();
     at_ = end_ = block_ ? block_ : "";
     end_position_ = unknown;
@@ -129,8 +153,8 @@ bool line_reader::reads_blocks()
 bool line_reader::make_room()
 {
     const std::size_t kept = unread();
-    if (kept == capacity_) {
-        const std::size_t capacity = std::max(block_size, 2 * capacity_);
+    if (capacity_ - kept < page_size) {
+        const std::size_t capacity = std::max(usual_capacity, 2 * capacity_);
         char * const grown = allocate<char>(capacity);
         if (!grown)
             return false;
@@ -152,7 +176,7 @@ bool line_reader::fill()
         return false;
     if (end_position_ == unknown)
         end_position_ = platform::tell(stream_);
-    const std::size_t room = capacity_ - unread();
+    const std::size_t room = (capacity_ - unread()) / page_size * page_size;
     const std::size_t got = platform::read(stream_, block_ + unread(), room);
     end_ += got;
     if (end_position_ != unknown)
@@ -191,7 +215,9 @@ inline int line_reader::hand_out(ustring & line, const char * feed)
 
 int line_reader::get_line(ustring & line)
 {
-    const char * const feed = find_feed(at_, end_);
+    const char * feed = unread() >= near ? find_near_feed(at_) : nullptr;
+    if (!feed)
+        feed = find_feed(at_, end_);
     return feed ? hand_out(line, feed) : read_line(line);
 }
 

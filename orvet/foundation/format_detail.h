@@ -30,6 +30,8 @@ constexpr conversion next_conversion(std::string_view format)
     if (percent >= format.size())
         return {false, begin, begin, begin, 0, 0};
     const char * at = begin + 1;
+    if (*at == 's' || *at == 'd') // as most are
+        return {true, begin, at, at + 1, 0, *at};
     while (*at <= '9' && among(*at, "-+ #0123456789."))
         ++at;
     const char * const flags = at;
