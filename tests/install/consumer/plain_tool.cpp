@@ -1,5 +1,5 @@
-// A tool without exceptions and type information: classes of its own, compared and kept by the library, and a trace
-// of its own. Prints what does not hold.
+// A tool without exceptions and type information: classes of its own, compared and kept by the library, and a
+// trace of its own. Prints what does not hold.
 #include <orvet/orvet.h>
 
 #include <cstdio>
