@@ -124,7 +124,7 @@ constexpr const char * kind_of_value<pathname> = "PATH";
 
 /// What the table says of an option, for the code that walks it.
 struct input_parms::option_row {
-    const char * value; ///< as a usage text shows it: the kind or the words; null for a flag
+    const char * shown; ///< the value as a usage text shows it: the kind or the words; null for a flag
     short (*store)(input_parms & ip, const char * value);
 
     static const option_row rows[option_count];
@@ -217,10 +217,10 @@ short input_parms::get_ips(int argc, char ** argv)
         }
         const char * value = nullptr;
         short rc = code::success;
-        if (option_row::rows[index].value && i == argc - 1) {
+        if (option_row::rows[index].shown && i == argc - 1) {
             rc = code::value_missing;
         } else {
-            if (option_row::rows[index].value)
+            if (option_row::rows[index].shown)
                 value = argv[++i];
             rc = option_row::set(*this, index, value);
         }
@@ -272,8 +272,8 @@ ustring input_parms::usage(const option_profile & profile, const char * tool_nam
         const unsigned before = text.length();
         text.append(name);
         const int index = index_in(ip_names, name);
-        if (ip_names[index] && option_row::rows[index].value)
-            text.append(" ").append(option_row::rows[index].value);
+        if (ip_names[index] && option_row::rows[index].shown)
+            text.append(" ").append(option_row::rows[index].shown);
         return text.length() - before;
     };
     const auto add_list = [&](const char * title, const char * const * names) {

@@ -60,7 +60,7 @@ TEST(Command, ReportsEachStep)
         lines.note("--");
     }
     expect_golden("command", shown(lines_without("] kt_file", lines.take())));
-    EXPECT_TRUE(fs::exists(fs::u8path("brodan/migr/caf\xC3\xA9.out")));
+    EXPECT_TRUE(fs::exists(fs::path(u8"brodan/migr/caf\xC3\xA9.out")));
 }
 
 TEST(Command, ResultIsTheTools)

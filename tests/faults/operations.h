@@ -14,12 +14,19 @@ inline constexpr int no_report = -100;
 
 struct world;
 
+using operation_run = bool (*)(world & w);
+
 struct fault_target {
+    fault_target(const char * own_name, const char * given_up, operation_run action)
+        : name(own_name), gives_up(given_up), run(action)
+    {
+    }
+
     const char * name;
     /// Values whose names begin so may be lost, or half done, after a failure.
     const char * gives_up;
     /// True, with the code in the world, if a step failed.
-    bool (*run)(world & w);
+    operation_run run;
 };
 extern const std::vector<fault_target> operations;
 

@@ -196,7 +196,7 @@ TEST(KtFile, NamesAreUtf8OrOfTheCodePage)
         EXPECT_EQ(kt_chkfile(name), 1);
         EXPECT_EQ(file.copy_to("\xC3\xBC.txt"), 0);
         EXPECT_EQ(kt_chkfile(name), 0);
-        EXPECT_TRUE(fs::exists(fs::u8path("\xC3\xBC.txt")));
+        EXPECT_TRUE(fs::exists(fs::path(u8"\xC3\xBC.txt")));
     }
 }
 

@@ -67,7 +67,7 @@ TEST(Values, KeysOfAMapFollowEquality)
 
 TEST(Values, PathsBecomeSystemPathsAndBack)
 {
-    const fs::path system = fs::u8path("d\xC3\xA9/\xF0\x9F\x99\x82");
+    const fs::path system = fs::path(u8"d\xC3\xA9/\xF0\x9F\x99\x82");
     const pathname path = system;
     EXPECT_EQ(std::string(path), "d\xC3\xA9/\xF0\x9F\x99\x82");
     EXPECT_EQ(fs::path(path), system);
