@@ -9,6 +9,7 @@
 
 #include "orvet/foundation/base/ascii.h"
 #include "orvet/foundation/base/memory.h"
+#include "orvet/foundation/base/ustring_internal.h"
 #include "orvet/foundation/base/utf8.h"
 
 namespace orvet {
@@ -21,27 +22,10 @@ constexpr std::size_t longest = std::numeric_limits<unsigned>::max() / 4;
 // Rooms, with their closing zero, are multiples of this many units.
 constexpr std::size_t room_step = 16;
 
-constexpr bool same(char16_t a, char16_t b, int flag)
-{
-    return a == b || (flag != 0 && to_ascii_lower(a) == to_ascii_lower(b));
-}
-
 void copy_units(char16_t * to, const char16_t * from, std::size_t n)
 {
     if (n != 0)
         std::memmove(to, from, n * sizeof(char16_t));
-}
-
-/// How many of `n` units from `pos` on lie within `length`.
-unsigned clip(unsigned length, unsigned pos, unsigned n)
-{
-    return pos < length ? std::min(n, length - pos) : 0;
-}
-
-/// How many units `chars` has, for a caller who counts up to its closing zero.
-unsigned count_of(const char16_t * chars, unsigned n)
-{
-    return n == ustring::npos ? static_cast<unsigned>(std::char_traits<char16_t>::length(chars)) : n;
 }
 
 } // namespace
@@ -270,127 +254,9 @@ ustring & ustring::strip(int type, char16_t ch)
     return remove(0, begin);
 }
 
-unsigned ustring::find(char16_t ch, unsigned pos, int flag) const
-{
-    if (flag != 0)
-        return find(&ch, pos, 1, flag);
-    const unsigned count = clip(length_, pos, npos);
-    const char16_t * const found =
-        std::char_traits<char16_t>::find(units_ + (count != 0 ? pos : 0), count, ch);
-    return found ? static_cast<unsigned>(found - units_) : npos;
-}
-
-unsigned ustring::find(const char16_t * chars, unsigned pos, unsigned n, int flag) const
-{
-    if (pos > length_)
-        return npos;
-    n = count_of(chars, n);
-    const char16_t * const begin = units_ + pos;
-    const char16_t * const end = units_ + length_;
-    const char16_t * const found = std::search(begin, end, chars, chars + n,
-                                               [flag](char16_t a, char16_t b) { return same(a, b, flag); });
-    return found != end || n == 0 ? static_cast<unsigned>(found - units_) : npos;
-}
-
-unsigned ustring::find_first_of(const char16_t * chars, unsigned pos, unsigned n, int flag) const
-{
-    n = count_of(chars, n);
-    for (unsigned i = pos; i < length_; ++i)
-        if (std::any_of(chars, chars + n, [&](char16_t ch) { return same(units_[i], ch, flag); }))
-            return i;
-    return npos;
-}
-
-unsigned ustring::find_first_not_of(const char16_t * chars, unsigned pos, unsigned n, int flag) const
-{
-    n = count_of(chars, n);
-    for (unsigned i = pos; i < length_; ++i)
-        if (std::none_of(chars, chars + n, [&](char16_t ch) { return same(units_[i], ch, flag); }))
-            return i;
-    return npos;
-}
-
-int ustring::compare(unsigned pos1, unsigned n1, const ustring & other, unsigned pos2, unsigned n2,
-                     int flag) const
-{
-    const unsigned count1 = clip(length_, pos1, n1);
-    const unsigned count2 = clip(other.length_, pos2, n2);
-    for (unsigned i = 0; i < std::min(count1, count2); ++i) {
-        const char16_t a = units_[pos1 + i];
-        const char16_t b = other.units_[pos2 + i];
-        if (!same(a, b, flag))
-            return (flag != 0 ? to_ascii_lower(a) < to_ascii_lower(b) : a < b) ? -1 : 1;
-    }
-    return count1 == count2 ? 0 : count1 < count2 ? -1 : 1;
-}
-
-bool ustring::begins_with(const char * ascii) const noexcept
-{
-    // The closing zero of the units stops a text that is shorter than what is looked for.
-    const char16_t * at = units_;
-    ascii = ascii ? ascii : "";
-    while (*ascii && *at == static_cast<unsigned char>(*ascii))
-        ++at, ++ascii;
-    return *ascii == 0;
-}
-
 bool ustring::equals(const ustring & as_long) const noexcept
 {
     return std::memcmp(units_, as_long.units_, length_ * sizeof(char16_t)) == 0;
-}
-
-namespace {
-
-/// What one `fgets` has read: the runtime does not say how much that is, and there may be zeros in it.
-struct piece {
-    std::size_t length;
-    bool ends; // in a line feed, which is not counted
-};
-
-/// Reads up to a line feed, the end of the file or the end of the room. An empty piece without an end: there
-/// was nothing to read, or reading failed.
-template <std::size_t Room>
-piece read_piece(char (&room)[Room], std::FILE * stream)
-{
-    // A line feed followed by a zero is one that was read, any other one of those put here.
-    std::memset(room, '\n', Room);
-    if (!std::fgets(room, Room, stream))
-        return {0, false};
-    const auto * const feed = static_cast<const char *>(std::memchr(room, '\n', Room));
-    if (!feed)
-        return {Room - 1, false};
-    const auto length = static_cast<std::size_t>(feed - room);
-    const bool ends = length + 1 < Room && feed[1] == 0;
-    return {ends ? length : length - 1, ends};
-}
-
-/// Bytes of a line that a line feed ends, without a carriage return before that.
-std::size_t line_length(const char * line, std::size_t count)
-{
-    return count != 0 && line[count - 1] == '\r' ? count - 1 : count;
-}
-
-} // namespace
-
-int ustring::getline(std::FILE * stream)
-{
-    char room[256];
-    piece next = read_piece(room, stream);
-    if (next.ends)
-        return decode(room, line_length(room, next.length)) ? 1 : 0;
-    // A longer line, or the file's last one, is first put together in the buffer of the multi-byte form.
-    std::size_t gathered = 0;
-    while (next.length != 0 || next.ends) {
-        bytes_length_ = no_cache;
-        if (!reserve_bytes(gathered + next.length + 1, gathered))
-            return 0;
-        std::memcpy(bytes_ + gathered, room, next.length);
-        gathered += next.length;
-        if (next.ends)
-            return decode(bytes_, line_length(bytes_, gathered)) ? 1 : 0;
-        next = read_piece(room, stream);
-    }
-    return gathered != 0 && std::feof(stream) && decode(bytes_, gathered) ? 1 : 0;
 }
 
 const char * ustring::mbcs_str() const
