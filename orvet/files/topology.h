@@ -22,6 +22,7 @@ public:
     }
     /// Copies every field.
     sof_entry(const sof_entry & other);
+    /// Copies every field.
     sof_entry & operator=(const sof_entry & other) = default;
     codable * clone() override;
 
@@ -42,6 +43,7 @@ public:
     }
     /// Copies every field; the copied vector holds the same objects.
     top_entry(const top_entry & other);
+    /// Copies every field; the copied vector holds the same objects.
     top_entry & operator=(const top_entry & other) = default;
     codable * clone() override;
 
@@ -64,6 +66,7 @@ public:
           dependency(other.dependency)
     {
     }
+    /// Copies every field.
     orphan_entry & operator=(const orphan_entry & other) = default;
     codable * clone() override;
 

@@ -1,8 +1,10 @@
 #ifndef ORVET_FOUNDATION_FORMAT_DETAIL_H
 #define ORVET_FOUNDATION_FORMAT_DETAIL_H
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
+#include <type_traits>
 
 /// How format.h takes a format apart. Tools need not read on.
 namespace orvet {
@@ -25,9 +27,15 @@ constexpr conversion next_conversion(std::string_view format)
             ++set;
         return ch != 0 && *set != 0;
     };
-    const std::size_t percent = format.find('%');
-    const char * const begin = format.data() + (percent < format.size() ? percent : format.size());
-    if (percent >= format.size())
+    const char * const end = format.data() + format.size();
+    const char * begin = format.data();
+    if (std::is_constant_evaluated()) { // where a sanitizer does not let `string_view::find` run
+        while (begin != end && *begin != '%')
+            ++begin;
+    } else {
+        begin += std::min(format.find('%'), format.size());
+    }
+    if (begin == end)
         return {false, begin, begin, begin, 0, 0};
     const char * at = begin + 1;
     if (*at == 's' || *at == 'd') // as most are

@@ -35,7 +35,9 @@ template <class_tag Tag>
 class tagged_ktobject : public ktobject {
 protected:
     tagged_ktobject() : ktobject(Tag) {}
+    /// Copies `version`.
     tagged_ktobject(const tagged_ktobject & other) : ktobject(other, Tag) {}
+    /// Copies `version`.
     tagged_ktobject & operator=(const tagged_ktobject &) = default;
 };
 

@@ -54,11 +54,15 @@ class items {
                   "static_cast its codable * items");
 
 public:
+    /// The items of `row`.
     explicit items(const vector & row) noexcept : row_(&row) {}
     explicit items(const vector &&) = delete;
 
+    /// A forward iterator.
     class iterator {
     public:
+        ///@{
+        /// As the standard algorithms require them.
         using value_type = Item;
         using difference_type = std::ptrdiff_t;
 
@@ -80,6 +84,7 @@ public:
             return before;
         }
         friend bool operator==(const iterator & a, const iterator & b) { return a.at_ == b.at_; }
+        ///@}
 
     private:
         void skip()
@@ -92,8 +97,11 @@ public:
         codable * const * end_ = nullptr;
     };
 
+    ///@{
+    /// The range.
     iterator begin() const { return {row_->begin(), row_->end()}; }
     iterator end() const { return {row_->end(), row_->end()}; }
+    ///@}
     /// Whether there is none.
     bool empty() const { return begin() == end(); }
 

@@ -19,6 +19,7 @@ public:
     }
     /// Copies both texts.
     pair(const pair & other) : codable(other, class_tag::pair), first(other.first), second(other.second) {}
+    /// Copies both texts.
     pair & operator=(const pair & other) = default;
 
     const char * codable_name() const override;

@@ -142,7 +142,7 @@ public:
     template <std::same_as<pathname> Path>
     friend void operator+(const ustring &, const Path &) = delete;
     ///@}
-    /// Writes the multi-byte form; include <ostream> for it.
+    /// Writes the multi-byte form; include the header `ostream` for it.
     template <class Traits>
     friend std::basic_ostream<char, Traits> & operator<<(std::basic_ostream<char, Traits> & out,
                                                          const pathname & path)
@@ -171,6 +171,7 @@ ORVET_API ustring join_path(const ustring & path, const ustring & element, char1
 /// Equal paths have equal hashes: case is ignored.
 template <>
 struct std::hash<orvet::pathname> {
+    /// The hash of the path in small letters.
     std::size_t operator()(const orvet::pathname & path) const
     {
         return std::hash<orvet::ustring>{}(orvet::ustring(path.text()).to_lower());

@@ -182,7 +182,7 @@ public:
         sum.append(b);
         return sum.length_ - b.length_ == a.length_ ? sum : ustring();
     }
-    /// Writes the multi-byte form; include <ostream> for it.
+    /// Writes the multi-byte form; include the header `ostream` for it.
     template <class Traits>
     friend std::basic_ostream<char, Traits> & operator<<(std::basic_ostream<char, Traits> & out,
                                                          const ustring & text)
@@ -232,6 +232,7 @@ private:
 /// Equal texts have equal hashes.
 template <>
 struct std::hash<orvet::ustring> {
+    /// The hash of the units.
     std::size_t operator()(const orvet::ustring & text) const noexcept
     {
         return std::hash<std::u16string_view>{}({text.data(), text.length()});
