@@ -118,7 +118,11 @@ TEST(ChannelFile, KeepsAllLinesOfSeveralProcessesWhole)
 {
     std::vector<std::thread> processes;
     for (const char mark : {'a', 'b', 'c', 'd'})
-        processes.emplace_back([mark] { run_scenario(std::string("writer_") + mark); });
+        processes.emplace_back([mark] {
+            // A shell that several threads start at once may fail to start; nothing is written then.
+            for (int tries = 0; tries < 5 && run_scenario(std::string("writer_") + mark) != ""; ++tries)
+                continue;
+        });
     for (std::thread & each : processes)
         each.join();
 
