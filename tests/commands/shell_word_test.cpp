@@ -9,6 +9,10 @@ struct word {
     const char * sh; // null if the shell can't be given it
     const char * cmd_exe;
 };
+void PrintTo(const word & row, std::ostream * out)
+{
+    *out << row.name;
+}
 
 class ShellWord : public testing::TestWithParam<word> {};
 
