@@ -68,6 +68,10 @@ struct report {
     int code;
     const char * lines; // of the log, and the error text of the configuration
 };
+void PrintTo(const report & row, std::ostream * out)
+{
+    *out << row.name;
+}
 
 const report reports[] = {
     {"the file can't be opened", "read", "open_stream, 1st call, once", code::open_failed,

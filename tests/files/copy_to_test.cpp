@@ -8,6 +8,10 @@ struct own_name {
     const char * source;
     std::string target;
 };
+void PrintTo(const own_name & row, std::ostream * out)
+{
+    *out << row.name;
+}
 
 class CopyToItself : public testing::TestWithParam<own_name> {};
 
