@@ -12,7 +12,7 @@ namespace orvet {
 /// a stream in text mode is read up to a line end and no further.
 ///
 /// A line ends at LF, CR LF or the end of the file. A line that a read error cuts, or for which allocation
-/// fails, is not handed out; the next call tries it again. A call that fails is told apart from the end of
+/// fails, is not handed out; the next call tries it again. A failure differs from the end of
 /// the file by `at_end`.
 class line_reader {
 public:
